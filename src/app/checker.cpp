@@ -1,0 +1,123 @@
+#include "app/checker.h"
+
+#include <array>
+#include <iterator>
+
+#include "base/columns.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "base/text_writer.h"
+
+namespace varnisto {
+namespace {
+
+constexpr std::string_view tags[] = {
+    "LOCATION:",       "CONTEST:",       "CALLSIGN:",      "CATEGORY-OPERATOR:", "CATEGORY-TRANSMITTER:",
+    "CATEGORY-POWER:", "CATEGORY-MODE:", "CATEGORY-BAND:", "CATEGORY-STATION:",  "CATEGORY-ASSISTED:",
+    "CLAIMED-SCORE:",  "OPERATORS:",     "NAME:"};
+constexpr std::size_t shortest_tag = 5;
+
+struct QsoColumn {
+  Columns columns;
+  std::string_view message;
+};
+// Positions of the Cabrillo 3.0 QSO template below.
+constexpr QsoColumn qso_columns[] = {
+    {{6, 5}, "            freq が空白です。"},      {{12, 2}, "            mode が空白です。"},
+    {{15, 10}, "            date が空白です。"},    {{26, 4}, "            time が空白です。"},
+    {{31, 13}, "            my call が空白です。"}, {{45, 3}, "            his rst が空白です。"},
+    {{49, 6}, "            his exch が空白です。"}, {{56, 13}, "            his call が空白です。"},
+    {{70, 3}, "            his rst が空白です。"},  {{74, 6}, "            his exch が空白です。"}};
+
+constexpr std::string_view qso_template[] = {
+    "                              --------info sent------- -------info rcvd--------",
+    "QSO: freq  mo date       time call          rst exch   call          rst exch   t",
+    "QSO: ***** ** yyyy-mm-dd nnnn ************* nnn ****** ************* nnn ****** n"};
+
+class Checker {
+ public:
+  explicit Checker(LineSink& report) : report_(report) {}
+
+  void check(std::string_view line) {
+    check_tags(line);
+    report_.put("");
+    if (contains(line, "QSO:")) check_qso(line);
+  }
+
+  CheckResult result;
+
+ private:
+  void check_tags(std::string_view line) {
+    // Every tag ends in a colon, and in a QSO line the only one stands too far left for any of them.
+    const std::size_t last_colon = line.rfind(':');
+    if (last_colon == std::string_view::npos || last_colon + 1 < shortest_tag) return;
+    for (const std::string_view tag : tags) {
+      const std::size_t at = line.find(tag);
+      if (at == std::string_view::npos || !is_blank(line.substr(at + tag.size()))) continue;
+      const std::string message = std::string{tag} + " 項目が空白です。";
+      report_.put(message);
+      report_.put("");
+      found(message);
+      ++result.errors;
+    }
+  }
+
+  void check_qso(std::string_view text) {
+    ++result.qsos;
+    const TextLine line{text};
+    std::array<bool, std::size(qso_columns)> blank{};
+    bool any = false;
+    for (std::size_t i = 0; i < blank.size(); ++i) {
+      blank[i] = is_blank(line.cut(qso_columns[i].columns));
+      any = any || blank[i];
+    }
+    if (!any) return;
+    ++result.errors;
+    for (const std::string_view template_line : qso_template) report_.put(template_line);
+    report_.put(text);
+    std::string message = " " + std::to_string(result.qsos) + " 行目の";
+    for (std::size_t i = 0; i < blank.size(); ++i) {
+      if (!blank[i]) continue;
+      message += qso_columns[i].message;
+      report_.put(message);
+      found(message);
+      message.clear();
+    }
+    report_.put("");
+  }
+
+  void found(std::string_view message) { result.findings.emplace_back(trim(message)); }
+
+  LineSink& report_;
+};
+
+}  // namespace
+
+CheckResult check_cabrillo(TextReader& log, const std::string& in_name, const std::string& out_name,
+                           LineSink& report) {
+  report.put("入力ファイル名 ： " + in_name);
+  report.put("出力ファイル名 ： " + out_name);
+  report.put("");
+  Checker checker{report};
+  for (std::string_view line; log.next(line);) checker.check(line);
+  return std::move(checker.result);
+}
+
+CheckResult check_Cabrillo_sub(App& app) {
+  app.trace.line("Public Sub check_Cabrillo_sub()");
+  const InputState& input = app.state.input;
+  const std::string report_name = app.state.program.app_dir + "check_Cabrillo.txt";
+  TextReader log{input.out_name};
+  TextWriter report{report_name, Unmappable::question_mark};
+  CheckResult result = check_cabrillo(log, input.in_name, input.out_name, report);
+  report.close();
+  if (result.errors == 0) {
+    delete_file(report_name);
+  } else {
+    app.state.display.disp_name = report_name;
+    app.desk.show(FormName::frmDisp2);
+  }
+  return result;
+}
+
+}  // namespace varnisto

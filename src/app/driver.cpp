@@ -1,0 +1,154 @@
+#include "app/driver.h"
+
+#include "app/checker.h"
+#include "app/debug_log.h"
+#include "app/later_steps.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "cabrillo/writer.h"
+#include "core/lists.h"
+#include "core/main_options.h"
+#include "core/settings.h"
+#include "mail/send_add.h"
+
+namespace varnisto {
+namespace {
+
+bool is_iota(const App& app) {
+  return contains(app.state.contest.cont_id, "IOTA");
+}
+
+/// Runs the writer that kind of input, contest and source of the category call for.
+void write_log(App& app) {
+  const std::string& kind = app.state.input.in_kind;
+  const std::string& from = app.state.contest.select_from;
+  if (is_iota(app)) {
+    if (kind == "zlog_zlo") Make_zlo2all_iota(app);
+    if (kind == "zlog_all" || kind == "zlog_zlo") zlog_all_za2c_print_iota(app);
+  } else if (kind == "zlog_all") {
+    if (from == "zlog_zsm") zlog_all_zsm_print(app);
+    if (from == "za2c_zsm") zlog_all_za2c_print(app);
+  } else if (kind == "zlog_zlo") {
+    if (from == "zlog_zsm") Make_zlo2all(app);
+    zlog_all_za2c_print(app);
+  } else {
+    ccc_txt(app);
+  }
+}
+
+std::string address_of(const App& app, std::string_view contest) {
+  const MailAddress* address = find_mail_address(app, contest);
+  return address ? address->address : "";
+}
+
+void show_jidx_notice(App& app) {
+  message_box(app, {lines({"Ｊ Ｉ ＤＸコンテストの時には下記を良く確認して下さい。",
+                           "",
+                           "JAPAN INTERNATIONAL DX CONTEST",
+                           "",
+                           "   　　　　　　   　C Wの時は　　　:　JIDX-CW",
+                           "",
+                           "    　　　  　　  SSBの時は　　　:   JIDX-PH",
+                           "",
+                           "",
+                           "CATEGORY：              HIGH       LOW",
+                           "",
+                           "             All　Band      AB         ABL",
+                           "",
+                           "                  7　MHz        7          7L",
+                           "",
+                           "                14　MHz       14         14L",
+                           "",
+                           "　　　　　　　　　　　　．．．．のようになります。",
+                           "",
+                           "JIDX-CW :   " + address_of(app, "JIDX-CW"),
+                           "",
+                           "JIDX-PH :   " + address_of(app, "JIDX-PH"),
+                           ""}),
+                    "　　Ｊ Ｉ ＤＸ　時 の 注 意 事 項。", Icon::exclamation});
+}
+
+void show_closing_notice(App& app) {
+  message_box(app, {lines({"作成された Cabrillo ファイルは必ずしも正確とは限りません！", "",
+                           "Ｃａｂｒｉｌｌｏファイルを送付する前には必ず", "",
+                           "作成されたファイル内容を良く確認して下さい。", "",
+                           "各コンテストのホームページでのルールの再確認も重要です。", "", ""}),
+                    "　　提 出 前 の 注 意 事 項", Icon::exclamation});
+}
+
+void make_second_copy(App& app) {
+  InputState& input = app.state.input;
+  if (contains(input.out_name, ".cbr"))
+    input.log_name = replace_all(input.out_name, ".cbr", ".log");
+  else if (contains(input.out_name, ".log"))
+    input.log_name = replace_all(input.out_name, ".log", ".cbr");
+  else
+    return;
+  copy_file(input.out_name, input.log_name);
+  input.outputs.push_back(input.log_name);
+}
+
+void delete_scratch_files(const std::string& out_name) {
+  delete_numbered(out_name + "_");
+  delete_file(out_name + "2");
+}
+
+void begin_debug_log(App& app) {
+  if (app.trace.debug_flag != 1) return;
+  close_debug_log(app);
+  open_debug_log(app);
+  app.trace.line("入力ファイル ： " + app.state.input.in_name);
+  app.trace.line("Private Sub Kaishi_Click()");
+}
+
+/// The steps that the check boxes ask for, on the log that was written.
+void run_options(App& app) {
+  if (app.main.Check6.checked) conv_J2U(app);
+  if (app.main.Check3.checked) is_iota(app) ? conv_eqsl_iota(app) : conv_eqsl(app);
+}
+
+void run_contest_steps(App& app) {
+  if (contains(app.state.contest.cont_id, "WAEDC")) WAEDC_put(app);
+  if (contains(app.state.contest.cont_id, "WAEDC")) get_qtc(app);
+  if (contains(app.state.contest.cont_id, "JIDX") && app.state.settings.jidx_no_disp_flag == 0)
+    show_jidx_notice(app);
+}
+
+}  // namespace
+
+void kaishi_1(App& app) {
+  begin_debug_log(app);
+  app.desk.hourglass(true);
+  app.main.kaishi.enabled = false;
+  app.main.lblShori.text.clear();
+  save_options(app);
+  write_current_settings(app);
+  clear_text(app);
+  app.state.input.in_ext_upper = right(app.state.input.in_name, 3);
+
+  write_log(app);
+  run_options(app);
+  app.state.input.in_err_flag = 0;
+  send_add(app);
+  if (app.main.Check1.checked) app.main.mnu_mc.enabled = true;
+  run_contest_steps(app);
+  make_second_copy(app);
+  app.state.display.check_findings = check_Cabrillo_sub(app).findings;
+
+  app.desk.hourglass(false);
+  app.main.kaishi.enabled = true;
+  app.main.lblShori.text = "処理終了";
+  app.main.lblShori.color = Color::blue;
+  delete_scratch_files(app.state.input.out_name);
+  app.trace.line("正常終了");
+  show_closing_notice(app);
+}
+
+void kaishi_Click(App& app) {
+  if (app.state.input.in_type == "cbr")
+    cbr_2_zlog_txt(app);
+  else
+    kaishi_1(app);
+}
+
+}  // namespace varnisto

@@ -1,0 +1,24 @@
+#pragma once
+// Steps of a run that are not built yet. Each stops the action with "not available yet" before it writes
+// anything.
+
+#include "core/app.h"
+
+namespace varnisto {
+
+void mnuMake_z2a_Click(App& app);         ///< ZLO log to ALL log
+void shori_zlog_zlo(App& app);            ///< preparation of a ZLO log
+void shori_ccc_txt(App& app);             ///< preparation of a CCC text log
+void shori_ccc_bin(App& app);             ///< preparation of a CCC binary log
+void Make_zlo2all(App& app);              ///< ZLO log to ALL log, at the start of a run
+void Make_zlo2all_iota(App& app);         ///< the same for IOTA
+void zlog_all_za2c_print_iota(App& app);  ///< Cabrillo writer for IOTA
+void ccc_txt(App& app);                   ///< Cabrillo writer for CCC logs
+void conv_J2U(App& app);                  ///< nine hours back
+void conv_eqsl(App& app);                 ///< ADIF for eQSL
+void conv_eqsl_iota(App& app);            ///< the same for IOTA
+void WAEDC_put(App& app);                 ///< QTC lines into the Cabrillo log
+void get_qtc(App& app);                   ///< QTC log
+void cbr_2_zlog_txt(App& app);            ///< Cabrillo to zLog text
+
+}  // namespace varnisto

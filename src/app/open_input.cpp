@@ -1,0 +1,203 @@
+#include "app/open_input.h"
+
+#include "app/debug_log.h"
+#include "app/later_steps.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "base/text_reader.h"
+#include "cabrillo/all_scan.h"
+#include "cabrillo/summary.h"
+#include "cabrillo/writer.h"
+#include "core/paths.h"
+#include "core/settings.h"
+
+namespace varnisto {
+namespace {
+
+/// What is known of an input kind by its extension.
+struct Kind {
+  std::string_view ext_upper, in_kind;
+  std::string_view zsm_suffix;              ///< of the generated summary
+  std::string InputState::*generated_name;  ///< where that name is kept
+  bool looks_for_summary;                   ///< the logger may have written one beside the log
+};
+constexpr Kind kinds[] = {{"ALL", "zlog_all", "_za2c.zsm", &InputState::za2c_name, true},
+                          {"ZLO", "zlog_zlo", "_zz2c.zsm", &InputState::zz2c_name, true},
+                          {"TXT", "ccc_txt", "_ct2c.zsm", &InputState::ct2c_name, false},
+                          {"BIN", "ccc_bin", "_cb2c.zsm", &InputState::cb2c_name, false}};
+
+void clear_display(App& app) {
+  clear_text(app);
+  for (Label* label : {&app.main.lblGet_zsm1, &app.main.lblGet_zsm2, &app.main.lblGet_zsm3,
+                       &app.main.lblGet_zsm4, &app.main.lblPower})
+    label->text.clear();
+}
+
+/// What a new input must not inherit from the previous one.
+void forget_previous(App& app) {
+  ContestState& contest = app.state.contest;
+  CategoryState& category = app.state.category;
+  contest.contest.clear();
+  contest.cont_id.clear();
+  contest.contest_line.clear();
+  contest.contest_name.clear();
+  contest.select_from.clear();
+  for (std::string* text :
+       {&category.cat_summary, &category.zsm_category, &category.qso_band, &category.cat_text,
+        &category.dialog_category, &category.dialog_mode, &category.overlay_cat, &category.jidx_category,
+        &category.max_power_text, &category.mode_word})
+    text->clear();
+  category.cat_mode = "MIXED";
+  category.mode_sel = category.band_sel = category.mode_sel_cat = category.lowband_flag = 0;
+  category.band_sel_known = category.dialog_shown = category.transmitter_chosen = false;
+  app.state.tally = TallyState{};
+  app.state.qso = QsoRec{};
+  app.state.input.in_type.clear();
+  app.state.input.in_kind.clear();
+  app.state.input.out_name.clear();
+  app.state.input.outputs.clear();
+  app.state.display.check_findings.clear();
+  app.main.lblCategory.text.clear();
+  app.main.lblYusen.text.clear();
+}
+
+void derive_names(App& app) {
+  InputState& input = app.state.input;
+  split_path(app, input.in_name);
+  input.in_name2 = input.in_name;
+  app.state.program.ini_name = ini_path(app);
+  input.zsm_name = input.in_stem + "zsm";
+  input.z2a_name = with_suffix(input.in_name, input.in_ext, "_z2a.all");
+  input.cb2t_name = with_suffix(input.in_name, input.in_ext, "_cb2t.txt");
+  input.jarl_name = with_suffix(input.in_name, input.in_ext, "_jarl.txt");
+  input.in_ext_upper = to_upper(input.in_ext);
+}
+
+void derive_output_names(App& app) {
+  InputState& input = app.state.input;
+  const std::string base = input.in_dir + call_for_names(app);
+  input.cbr_name = input.cbr_name2 = base + ".cbr";
+  input.adi_name = base + ".adi";
+  input.log_name = base + ".log";
+  input.qlg_name = base + ".qlg";
+}
+
+/// A text file that is no CCC log is refused with these words; true when it was.
+bool refuse_foreign_text(App& app) {
+  std::string_view first;
+  TextReader reader{app.state.input.in_name};
+  reader.next(first);
+  first = left(first, 4);
+  if (first == "CCC ") return false;
+  if (first == "mon ") {
+    app.state.input.in_type = "mon";
+    show_text(app, lines({"Zlogw の txt 形式には未対応です", "Zlogw の all 形式のﾌｧｲﾙにて実行して下さい。"}),
+              Color::red);
+  } else {
+    show_text(app,
+              lines({"CCC の txt 形式ではありません。", "正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。"}),
+              Color::red);
+  }
+  app.state.input.in_err_flag = 1;
+  app.main.kaishi.enabled = app.main.cmdRe_write_zlog_zsm.enabled = false;
+  return true;
+}
+
+/// Which summary the conversion reads: the logger's when it is there, else the one the program will write.
+void choose_summary(App& app, const Kind& kind) {
+  InputState& input = app.state.input;
+  const bool found = kind.looks_for_summary && file_exists(input.zsm_name);
+  input.zsm_kind = std::string{kind.in_kind} + (found ? "_zsm1" : "_zsm0");
+  input.zsm_use_name = found ? input.zsm_name : replace_all(input.zsm_name, ".zsm", kind.zsm_suffix);
+  input.zsm_send_name = input.zsm_use_name;
+  if (!found) input.*kind.generated_name = input.zsm_use_name;
+}
+
+void prepare(App& app, std::string_view in_kind) {
+  InputState& input = app.state.input;
+  if (in_kind == "zlog_all") {
+    app.main.mnuDisp2_in.enabled = true;
+    input.z2a_name_all = input.z2a_name;
+    if (!has_qso_lines(input.in_name)) throw Refusal(std::string{no_qso_text});
+    shori_zlog_all(app);
+  } else if (in_kind == "zlog_zlo") {
+    input.z2a_name_zlo = input.z2a_name;
+    mnuMake_z2a_Click(app);
+    shori_zlog_zlo(app);
+  } else if (in_kind == "ccc_txt") {
+    app.main.mnuDisp2_in.enabled = true;
+    input.cb2t_name = input.in_name;
+    shori_ccc_txt(app);
+  } else {
+    shori_ccc_bin(app);
+  }
+}
+
+}  // namespace
+
+void FileOpen2(App& app) {
+  app.trace.line("Public Sub FileOpen2()");
+  InputState& input = app.state.input;
+  MainForm& main = app.main;
+  clear_display(app);
+  input.in_err_flag = 0;
+  app.state.category.overlay_cat.clear();
+  Disp_in_name(app);
+  input.in_name_save = input.in_name;
+  main.kaishi.enabled = main.cmdReSet.enabled = main.cmdReSelect.enabled = has_folder(input.in_name);
+  derive_names(app);
+  derive_output_names(app);
+  if (input.in_ext_upper == "TXT" && refuse_foreign_text(app)) return;
+  input.in_zsm_upper = to_upper(input.in_name);
+  for (const std::string_view ext : {".ALL", ".TXT", ".ZLO"})
+    input.in_zsm_upper = replace_all(input.in_zsm_upper, ext, ".zsm");
+
+  for (const Kind& kind : kinds) {
+    if (kind.ext_upper != input.in_ext_upper) continue;
+    input.in_kind = kind.in_kind;
+    choose_summary(app, kind);
+    prepare(app, kind.in_kind);
+  }
+  if (input.in_err_flag == 1) main.kaishi.enabled = false;
+  main.mnu_mc.enabled = main.Check1.checked && has_folder(input.in_name) && file_exists(input.cbr_name2);
+  main.cmdRe_write_zlog_zsm.enabled = main.mnuZsm.enabled = file_exists(input.zsm_use_name);
+  zsm_disp_chk(app);
+}
+
+void open_chosen_file(App& app, const std::string& path) {
+  InputState& input = app.state.input;
+  input.in_name = path;
+  split_path(app, path);
+  input.jarl_name = with_suffix(path, input.in_ext, "_jarl.txt");
+  if (has_folder(path)) {
+    forget_previous(app);
+    clear_text(app);
+    FileOpen2(app);
+  }
+  if (app.trace.armed()) close_debug_log(app);
+}
+
+void set_in_dir_Open_file(App& app, const std::string& title, const std::string& filter) {
+  app.trace.line("Public Sub set_in_dir_Open_file()");
+  app.state.contest.contest_line.clear();
+  app.state.contest.contest_name.clear();
+  clear_text(app);
+  app.main.lblShori.text.clear();
+  const std::string& folder = app.state.settings.set_in_dir;
+  const auto path = app.desk.open_file_dialog({"　" + folder + title, filter, folder});
+  open_chosen_file(app, path.value_or(""));
+}
+
+void open_chosen_cbr(App& app, const std::string& path) {
+  InputState& input = app.state.input;
+  input.in_name = path;
+  app.main.lblIn.text = path;
+  app.main.lblIn.color = Color::black;
+  input.out_name = path.substr(0, path.find('.')) + "_c2z.txt";
+  input.in_type = "cbr";
+  app.main.kaishi.enabled = true;
+  show_text(app, lines({" ｚＬｏｇのｔｘｔ ", " " + input.out_name, " を作成します"}), Color::green);
+  if (app.trace.armed() && has_folder(path)) close_debug_log(app);
+}
+
+}  // namespace varnisto

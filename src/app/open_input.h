@@ -1,0 +1,25 @@
+#pragma once
+// Opening an input log: its kind, every name derived from it, and the preparation step of its kind.
+
+#include <string>
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// Recognises the kind of `in_name`, derives every name, and runs the kind's preparation. A refused input
+/// shows why and sets `in_err_flag`. Throws Refusal for a log without QSOs, NotAvailable for kinds that are
+/// not built yet, RunTimeError for files.
+void FileOpen2(App& app);
+
+/// Takes a chosen path (empty after Cancel) as the new input: forgets contest and category of the previous
+/// one and runs FileOpen2().
+void open_chosen_file(App& app, const std::string& path);
+
+/// Asks for a log with this dialog title and filter and opens what was chosen.
+void set_in_dir_Open_file(App& app, const std::string& title, const std::string& filter);
+
+/// Takes a Cabrillo file as input for the way back to zLog text.
+void open_chosen_cbr(App& app, const std::string& path);
+
+}  // namespace varnisto

@@ -1,0 +1,223 @@
+#include "app/start_up.h"
+
+#include <array>
+
+#include "base/checked_int.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "cabrillo/contest.h"
+#include "core/lists.h"
+#include "core/main_options.h"
+#include "core/paths.h"
+#include "core/settings.h"
+#include "core/version.h"
+
+namespace varnisto {
+namespace {
+
+struct RequiredFile {
+  std::string_view name;
+  std::string_view shown;  ///< the name as the message shows it
+};
+constexpr RequiredFile required[] = {{"contest_name.cfg", "contest_name ．cfg"},
+                                     {"e_mail_add.cfg", "e_mail_add ．cfg"},
+                                     {"JA_iota.txt", "JA_iota ．txt"},
+                                     {"web_url.txt", "web_url ．txt"},
+                                     {"category-assisted.txt", "category-assisted ．txt"}};
+
+void check_required_files(App& app) {
+  for (const RequiredFile& file : required) {
+    if (file_exists(app.state.program.app_dir + std::string{file.name})) continue;
+    const std::string missing = "[  " + std::string{file.shown} + "   ]  がありません。";
+    message_box(app, {lines({missing, "", app.state.program.app_dir + "　に ｃｏｐｙ して下さい。", "", ""}),
+                      "　　エラー　：　必要ファイルがありません。", Icon::critical});
+    throw ProgramEnd(missing);
+  }
+}
+
+/// The version without the "t" of a test edition and what follows it.
+void cut_test_version(Settings& settings) {
+  settings.ini_version = settings.ini_version.substr(0, settings.ini_version.find('t'));
+}
+
+/// Before version 0.93 only the island's name was written.
+void apply_old_version(Settings& settings) {
+  cut_test_version(settings);
+  if (round_half_even(numeric_value(settings.ini_version) * 100) < 93) settings.iota_name_only = "1";
+}
+
+void find_settings(App& app) {
+  ProgramState& program = app.state.program;
+  program.cfg_missing = 0;
+  program.cfg_loaded = program.ini_found = 0;
+  if (app.platform.profile.exists(program.ini_name)) {
+    program.ini_found = program.cfg_loaded = 1;
+    read_settings(app);
+    apply_old_version(app.state.settings);
+    return;
+  }
+  ++program.cfg_missing;
+  if (file_exists(legacy_path(app))) {
+    read_Varnisto_cfg(app);
+    program.cfg_loaded = 1;
+  } else {
+    ++program.cfg_missing;
+  }
+}
+
+void show_prompt(App& app, const std::string& text, Color color) {
+  app.main.lblIn.text = text;
+  app.main.lblIn.color = color;
+}
+
+/// The settings do not allow a conversion: only the settings dialog helps.
+void block_until_settings(App& app, const std::string& prompt, std::string_view way) {
+  show_prompt(app, prompt, Color::red);
+  app.main.mnuOpen_file.enabled = false;
+  app.main.mnu_edit.enabled = false;
+  app.state.program.ini_missing_flag = 1;
+  app.state.input.in_err_flag = 1;
+  show_text(app, lines({"Varnisto.ini がまだ作成されていません", way}), Color::red);
+}
+
+void load_editor_state(App& app) {
+  MainForm& main = app.main;
+  if (main.Check1.checked)
+    main.mnu_edit.enabled = main.mnu_contest_name.enabled = main.mnu_email_add.enabled = true;
+  main.mnuDisp.enabled = app.platform.profile.exists(ini_path(app));
+  const bool has_editor = !is_blank(app.state.settings.dir_pad);
+  app.state.program.editor_on = has_editor ? 1 : 0;
+  main.Check1.checked = has_editor;
+  if (has_editor) return;
+  write_settings(app);
+  read_settings(app);
+}
+
+void check_settings(App& app) {
+  constexpr std::string_view ini_way = "ﾒﾆｭｰの[  ｉｎｉ ]よりVarnisto.iniを作成して下さい";
+  constexpr std::string_view cfg_way = "ﾒﾆｭｰの[ 環境 ]よりVarnisto.ini を作成して下さい";
+  const Settings& settings = app.state.settings;
+  const bool editor_ticked = app.main.Check1.checked;
+  if (app.platform.profile.exists(ini_path(app))) {
+    read_settings(app);
+    cut_test_version(app.state.settings);
+    restore_options(app);
+    app.main.Check1.checked = editor_ticked;
+    app.state.program.settings_incomplete = missing_settings(app).empty() ? 0 : 1;
+    if (settings.ini_version != program_version || app.state.program.settings_incomplete == 1)
+      block_until_settings(app, "旧 ini の為、環境 」より新 ini を作成必要", ini_way);
+  } else if (file_exists(legacy_path(app))) {
+    read_Varnisto_cfg(app);
+    restore_options(app);
+    app.main.Check1.checked = editor_ticked;
+    if (settings.ini_version != program_version)
+      block_until_settings(app, "旧 ini の為、「環境 」より新 ini を作成して下さい", cfg_way);
+  } else {
+    block_until_settings(app, "「 環境 」より新 ｉｎｉ を作成して下さい", cfg_way);
+  }
+}
+
+void enable_by_files(App& app) {
+  const auto there = [](const std::string& path) { return has_folder(path) && file_exists(path); };
+  const InputState& input = app.state.input;
+  MainForm& main = app.main;
+  main.kaishi.enabled = there(input.in_name);
+  main.mnuDisp2_out1.enabled = there(input.cbr_name);
+  main.mnuDisp2_out2.enabled = there(input.adi_name);
+  main.mnuDisp2_out3.enabled = there(input.log_name);
+  main.mnuDisp2_Qtc.enabled = there(input.qlg_name);
+  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled = there(input.cbr_name) || there(input.log_name);
+  main.mnuZsm.enabled = there(input.zsm_use_name) || there(input.zsm_name);
+}
+
+void show_kept_summary(App& app) {
+  const DisplayState& display = app.state.display;
+  MainForm& main = app.main;
+  main.lblGet_zsm1.text = shorten_path(display.zsm_disp1, 40);
+  main.lblGet_zsm2.text = display.zsm_disp2;
+  main.lblGet_zsm3.text = display.zsm_disp3;
+  main.lblGet_zsm4.text = display.zsm_disp4;
+  if (display.zsm_disp_color != "0" && display.zsm_disp_color != "2" && display.zsm_disp_color != "9") return;
+  const auto color = static_cast<Color>(display.zsm_disp_color.front() - '0');
+  for (Label* label : {&main.lblGet_zsm1, &main.lblGet_zsm2, &main.lblGet_zsm3, &main.lblGet_zsm4})
+    label->color = color;
+}
+
+void show_input(App& app) {
+  const InputState& input = app.state.input;
+  if (app.state.program.cfg_missing != 0 && app.state.program.ini_found != 1)
+    show_prompt(app, "「 環境 」より新 ｉｎｉ を作成して下さい", Color::red);
+  else if (input.in_name.empty() || input.in_name.starts_with("ﾒﾆｭｰ"))
+    show_prompt(app, "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい", Color::black);
+  else
+    Disp_in_name(app);
+}
+
+void count_run(App& app) {
+  std::string& exe_rec = app.state.settings.exe_rec;
+  const std::int16_t runs = to_i16(round_half_even(numeric_value(exe_rec)) + 1, "exe_rec");
+  if (runs % 10 == 0) message_box(app, {"たまには使用した感想などのレポート下さいね！", "", Icon::none});
+  exe_rec = signed_decimal(runs);
+}
+
+}  // namespace
+
+std::vector<std::string_view> required_files() {
+  std::vector<std::string_view> names;
+  for (const RequiredFile& file : required) names.push_back(file.name);
+  return names;
+}
+
+void Main(App& app, const std::string& program_folder) {
+  ProgramState& program = app.state.program;
+  program.app_dir = program_folder;
+  if (!program.app_dir.ends_with(path_separator)) program.app_dir += path_separator;
+  program.ini_name = ini_path(app);
+  program.this_year = std::to_string(app.platform.clock.now().tm_year + 1900);
+  find_settings(app);
+  check_required_files(app);
+  if (is_blank(app.state.settings.op_iota_island)) app.state.settings.op_iota_island = "Honshu Island";
+}
+
+void Form_Load(App& app) {
+  app.trace.line("Public Sub Form_Load()_Varnisto");
+  InputState& input = app.state.input;
+  MainForm& main = app.main;
+  clear_text(app);
+  main.lblShori.text.clear();
+  app.state.program.created_by = std::string{program_signature} + std::string{program_version};
+  main.caption = app.state.program.created_by;
+  main.Check1.checked = !is_blank(app.state.settings.dir_pad);
+  app.state.program.editor_on = main.Check1.checked ? 1 : 0;
+  main.cmdReSet.enabled = !is_blank(app.state.category.overlay_cat);
+  app.state.category.power_cat = "LOW";
+  if (!input.in_name_save.empty()) {
+    input.in_name = input.in_name_save;
+    Disp_in_name(app);
+  }
+  main.cmdReSelect.enabled = has_folder(input.in_name);
+  show_input(app);
+  load_editor_state(app);
+  check_settings(app);
+  enable_by_files(app);
+  show_kept_summary(app);
+  main.mnuDebug.caption = main.mnuDebug_mode.caption = "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ OFF";
+  read_contest_name(app);
+  read_email_add(app);
+  read_category_assisted(app);
+}
+
+void owari_Click(App& app) {
+  app.trace.line("Private Sub owari_Click()");
+  remove_scratch_folder(app);
+  delete_file(app.state.input.out_dir + "in_name.000");
+  if (settings_current(app)) {
+    save_options(app);
+    write_settings(app);
+  }
+  count_run(app);
+  if (app.state.program.cfg_loaded == 1) write_settings(app);
+  app.trace.close();
+}
+
+}  // namespace varnisto

@@ -1,0 +1,26 @@
+#pragma once
+// Start and end of the program.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// The list files without which the program does not start, in the order in which they are checked.
+std::vector<std::string_view> required_files();
+
+/// Start-up: program folder, year, settings, required list files. Throws ProgramEnd, after a message, when a
+/// list file is missing.
+void Main(App& app, const std::string& program_folder);
+
+/// Load of the main window: labels, menus, check of the settings, list files. Sets `in_err_flag` when the
+/// settings do not allow a conversion.
+void Form_Load(App& app);
+
+/// Exit: deletes scratch files, saves options and settings, counts the run.
+void owari_Click(App& app);
+
+}  // namespace varnisto

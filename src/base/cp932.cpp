@@ -1,0 +1,139 @@
+#include "base/cp932.h"
+
+#include <array>
+#include <cerrno>
+#include <utility>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+
+namespace varnisto {
+namespace {
+
+// U+10FE80 + (byte - 0x80), so F4 8F BA 80 for byte 80 and F4 8F BB BF for byte FF.
+constexpr std::string_view escape_lead = "\xF4\x8F";
+constexpr std::size_t escape_size = 4;
+
+void append_escape(std::string& out, unsigned char byte) {
+  out.append(escape_lead);
+  out.push_back(static_cast<char>(byte < 0xC0 ? 0xBA : 0xBB));
+  out.push_back(static_cast<char>(0x80 | (byte & 0x3F)));
+}
+
+bool is_escape(std::string_view text) {
+  return text.size() >= escape_size && text.starts_with(escape_lead) &&
+         (text[2] == '\xBA' || text[2] == '\xBB');
+}
+
+char escaped_byte(std::string_view text) {
+  const unsigned high = text[2] == '\xBA' ? 0x80U : 0xC0U;
+  return static_cast<char>(high | (static_cast<unsigned char>(text[3]) & 0x3FU));
+}
+
+/// Length of the UTF-8 sequence at the start of `text`; 1 where none begins.
+std::size_t sequence_size(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  const std::size_t wanted = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+  std::size_t size = 1;
+  while (size < wanted && size < text.size() && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U)
+    ++size;
+  return size == wanted ? size : 1;
+}
+
+/// Converts as much of `in` as the converter takes; the rest begins with what it refuses.
+void run(iconv_t converter, std::string_view& in, std::string& out) {
+  std::array<char, 4096> buffer;
+  iconv(converter, nullptr, nullptr, nullptr, nullptr);
+  while (!in.empty()) {
+    char* source = const_cast<char*>(in.data());
+    std::size_t source_left = in.size();
+    char* target = buffer.data();
+    std::size_t target_left = buffer.size();
+    const std::size_t result = iconv(converter, &source, &source_left, &target, &target_left);
+    const int code = errno;
+    out.append(buffer.data(), buffer.size() - target_left);
+    in.remove_prefix(in.size() - source_left);
+    if (result == static_cast<std::size_t>(-1) && code != E2BIG) return;
+  }
+}
+
+/// Length of the ASCII text in front of the first other byte.
+std::size_t ascii_prefix(std::string_view text) {
+  std::size_t n = 0;
+  while (n < text.size() && static_cast<unsigned char>(text[n]) < 0x80) ++n;
+  return n;
+}
+
+}  // namespace
+
+iconv_t CodePage::invalid() {
+  return reinterpret_cast<iconv_t>(-1);
+}
+
+CodePage::CodePage(CodePage&& other) noexcept
+    : decoder_(std::exchange(other.decoder_, invalid())),
+      encoder_(std::exchange(other.encoder_, invalid())) {}
+
+CodePage& CodePage::operator=(CodePage&& other) noexcept {
+  std::swap(decoder_, other.decoder_);
+  std::swap(encoder_, other.encoder_);
+  return *this;
+}
+
+CodePage::~CodePage() {
+  for (iconv_t converter : {decoder_, encoder_})
+    if (converter != invalid()) iconv_close(converter);
+}
+
+iconv_t CodePage::open(bool decoding) {
+  iconv_t& converter = decoding ? decoder_ : encoder_;
+  if (converter == invalid())
+    converter = decoding ? iconv_open("UTF-8", "CP932") : iconv_open("CP932", "UTF-8");
+  if (converter == invalid()) throw RunTimeError(RunTimeError::device_io_error, "iconv CP932");
+  return converter;
+}
+
+void CodePage::decode(std::string_view bytes, std::string& out) {
+  const std::size_t plain = ascii_prefix(bytes);
+  out.append(bytes.substr(0, plain));
+  bytes.remove_prefix(plain);
+  while (!bytes.empty()) {
+    run(open(true), bytes, out);
+    if (bytes.empty()) return;
+    append_escape(out, static_cast<unsigned char>(bytes.front()));
+    bytes.remove_prefix(1);
+  }
+}
+
+void CodePage::encode(std::string_view utf8, std::string& out, Unmappable policy) {
+  const std::size_t plain = ascii_prefix(utf8);
+  out.append(utf8.substr(0, plain));
+  utf8.remove_prefix(plain);
+  while (!utf8.empty()) {
+    run(open(false), utf8, out);
+    if (utf8.empty()) return;
+    const std::size_t size = sequence_size(utf8);
+    if (is_escape(utf8))
+      out.push_back(escaped_byte(utf8));
+    else if (policy == Unmappable::question_mark)
+      out.push_back('?');
+    else
+      throw RunTimeError(RunTimeError::bad_argument,
+                         "「" + std::string{utf8.substr(0, size)} + "」 はシフトＪＩＳの文字ではありません");
+    utf8.remove_prefix(size);
+  }
+}
+
+std::string from_cp932(std::string_view bytes) {
+  std::string out;
+  CodePage{}.decode(bytes, out);
+  return out;
+}
+
+std::string to_cp932(std::string_view utf8, Unmappable policy) {
+  std::string out;
+  CodePage{}.encode(utf8, out, policy);
+  return out;
+}
+
+}  // namespace varnisto

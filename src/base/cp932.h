@@ -1,0 +1,46 @@
+#pragma once
+// Code page 932, the Japanese code page of all text files, to and from UTF-8. Nothing is lost on the way: a
+// byte that is no valid character becomes one of the private characters U+10FE80..U+10FEFF and turns back
+// into that byte when the text is written again. The conversion itself is the system's iconv.
+
+#include <cstddef>
+#include <iconv.h>
+#include <string>
+#include <string_view>
+
+namespace varnisto {
+
+/// What to do with a character that code page 932 does not have.
+enum class Unmappable {
+  refuse,         ///< RunTimeError 5 naming the character: for files that are handed in
+  question_mark,  ///< "?": for reports and logs that name paths
+};
+
+/// One direction of the conversion. The system's converter is opened when the first non-ASCII text comes.
+class CodePage {
+ public:
+  CodePage() = default;
+  CodePage(const CodePage&) = delete;
+  CodePage& operator=(const CodePage&) = delete;
+  CodePage(CodePage&& other) noexcept;
+  CodePage& operator=(CodePage&& other) noexcept;
+  ~CodePage();
+
+  /// Appends code page 932 bytes to `out` as UTF-8.
+  void decode(std::string_view bytes, std::string& out);
+  /// Appends UTF-8 text to `out` as code page 932 bytes. Throws RunTimeError 5 as `policy` says.
+  void encode(std::string_view utf8, std::string& out, Unmappable policy);
+
+ private:
+  iconv_t open(bool decoding);
+
+  iconv_t decoder_ = invalid();
+  iconv_t encoder_ = invalid();
+  static iconv_t invalid();
+};
+
+/// The same for single texts.
+std::string from_cp932(std::string_view bytes);
+std::string to_cp932(std::string_view utf8, Unmappable policy = Unmappable::refuse);
+
+}  // namespace varnisto

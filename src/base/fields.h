@@ -1,0 +1,41 @@
+#pragma once
+// Comma-separated sequential files: list files that users edit, and scratch files.
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/text_reader.h"
+
+namespace varnisto {
+
+/// Reads one field after the other, over line ends. A field ends at a comma or at the line end; it may sit in
+/// double quotes, which are removed; blanks around an unquoted field are dropped. An empty line is one empty
+/// field.
+class FieldReader {
+ public:
+  explicit FieldReader(TextReader reader) : reader_(std::move(reader)) {}
+
+  /// The next field, or nothing at the end of the file.
+  std::optional<std::string> next();
+  /// The next field. Throws RunTimeError 62 at the end of the file.
+  std::string must_next();
+
+  /// "path: line n" of the field that was read last.
+  std::string place() const { return reader_.place(); }
+
+ private:
+  TextReader reader_;
+  std::string rest_;           ///< what the current line still holds
+  bool more_on_line_ = false;  ///< a field (perhaps an empty one) follows on the current line
+};
+
+/// Takes the first field off `rest`. True when a comma followed it, so that another field comes on the same
+/// line.
+bool take_field(std::string_view& rest, std::string& field);
+
+/// One line of a scratch file: every field in double quotes, commas between them.
+std::string quoted_fields(std::initializer_list<std::string_view> fields);
+
+}  // namespace varnisto

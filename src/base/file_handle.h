@@ -1,0 +1,46 @@
+#pragma once
+// A file descriptor that closes itself; reads and writes throw RunTimeError instead of returning short.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace varnisto {
+
+class FileHandle {
+ public:
+  FileHandle() = default;
+  /// Opens an existing regular file for reading; the case of its name does not matter when no exact match
+  /// exists. Throws RunTimeError 53 (missing), 70 (no permission), 75 (a folder or a device).
+  static FileHandle open_for_reading(const std::string& path);
+  /// Makes the file anew, or empties it. Throws RunTimeError 70, 75 or 76 (no such folder).
+  static FileHandle create(const std::string& path);
+  /// Takes a descriptor that stays open when this object goes (standard output, say).
+  static FileHandle borrow(int descriptor, std::string name);
+
+  FileHandle(const FileHandle&) = delete;
+  FileHandle& operator=(const FileHandle&) = delete;
+  FileHandle(FileHandle&& other) noexcept;
+  FileHandle& operator=(FileHandle&& other) noexcept;
+  ~FileHandle();
+
+  bool is_open() const { return descriptor_ >= 0; }
+  const std::string& path() const { return path_; }
+
+  /// Reads up to `size` bytes; 0 at the end of the file.
+  std::size_t read(char* data, std::size_t size);
+  /// Writes everything. Throws RunTimeError 61 when the disk is full.
+  void write(std::string_view data);
+  /// Closes; a write that the system reports only now is an error like any other.
+  void close();
+
+ private:
+  FileHandle(int descriptor, std::string path, bool owned)
+      : descriptor_(descriptor), owned_(owned), path_(std::move(path)) {}
+
+  int descriptor_ = -1;
+  bool owned_ = true;
+  std::string path_;
+};
+
+}  // namespace varnisto

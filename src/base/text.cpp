@@ -1,0 +1,198 @@
+#include "base/text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+namespace varnisto {
+namespace {
+
+constexpr bool is_continuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+char ascii_upper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char ascii_lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Beyond every counter of the program, and still exact as a 64-bit integer.
+constexpr double largest_number = 9.0e18;
+
+/// Byte offset at which character number `index` (0-based) begins, or the text's size when it has fewer.
+std::size_t offset_of(std::string_view text, std::size_t index) {
+  std::size_t pos = 0;
+  while (index > 0 && pos < text.size()) {
+    ++pos;
+    while (pos < text.size() && is_continuation(text[pos])) ++pos;
+    --index;
+  }
+  return pos;
+}
+
+}  // namespace
+
+bool is_ascii(std::string_view text) {
+  const char* p = text.data();
+  std::size_t n = text.size();
+  std::uint64_t bits = 0;
+  for (; n >= sizeof bits; n -= sizeof bits, p += sizeof bits) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, p, sizeof word);
+    bits |= word;
+  }
+  for (; n > 0; --n, ++p) bits |= static_cast<unsigned char>(*p);
+  return (bits & 0x8080808080808080U) == 0;
+}
+
+std::size_t char_count(std::string_view text) {
+  if (is_ascii(text)) return text.size();
+  std::size_t count = 0;
+  for (std::size_t pos = 0; pos < text.size(); ++count) {
+    ++pos;
+    while (pos < text.size() && is_continuation(text[pos])) ++pos;
+  }
+  return count;
+}
+
+std::string_view trim_left(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+}
+
+std::string_view trim_right(std::string_view text) {
+  const std::size_t last = text.find_last_not_of(' ');
+  return last == std::string_view::npos ? std::string_view{} : text.substr(0, last + 1);
+}
+
+std::string_view trim(std::string_view text) {
+  return trim_left(trim_right(text));
+}
+
+bool is_blank(std::string_view text) {
+  return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
+std::string_view left(std::string_view text, std::size_t n) {
+  if (n >= text.size()) return text;
+  return text.substr(0, is_ascii(text.substr(0, n)) ? n : offset_of(text, n));
+}
+
+std::string_view right(std::string_view text, std::size_t n) {
+  if (n >= text.size()) return text;
+  if (is_ascii(text)) return text.substr(text.size() - n);
+  const std::size_t count = char_count(text);
+  return n >= count ? text : text.substr(offset_of(text, count - n));
+}
+
+std::string_view mid(std::string_view text, std::size_t first, std::size_t n) {
+  const std::size_t skip = first - 1;
+  if (skip >= text.size()) return {};
+  const std::string_view rest = text.substr(is_ascii(text.substr(0, skip)) ? skip : offset_of(text, skip));
+  return left(rest, n);
+}
+
+void append_left_aligned(std::string& out, std::string_view text, std::size_t n) {
+  const std::string_view kept = left(text, n);
+  out.append(kept);
+  const std::size_t width = char_count(kept);
+  if (width < n) out.append(n - width, ' ');
+}
+
+void append_right_aligned(std::string& out, std::string_view text, std::size_t n) {
+  const std::string_view kept = right(text, n);
+  const std::size_t width = char_count(kept);
+  if (width < n) out.append(n - width, ' ');
+  out.append(kept);
+}
+
+std::string pad_right(std::string_view text, std::size_t n) {
+  std::string out;
+  append_left_aligned(out, text, n);
+  return out;
+}
+
+std::string pad_left(std::string_view text, std::size_t n) {
+  std::string out;
+  append_right_aligned(out, text, n);
+  return out;
+}
+
+std::string replace_all(std::string_view text, std::string_view from, std::string_view to) {
+  std::string out;
+  if (from.empty()) return out.append(text);
+  std::size_t pos = 0;
+  for (std::size_t hit = text.find(from); hit != std::string_view::npos; hit = text.find(from, pos)) {
+    out.append(text.substr(pos, hit - pos)).append(to);
+    pos = hit + from.size();
+  }
+  return out.append(text.substr(pos));
+}
+
+std::string to_upper(std::string_view text) {
+  std::string out{text};
+  std::ranges::transform(out, out.begin(), ascii_upper);
+  return out;
+}
+
+std::string to_lower(std::string_view text) {
+  std::string out{text};
+  std::ranges::transform(out, out.begin(), ascii_lower);
+  return out;
+}
+
+bool equal_ignoring_case(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, {}, ascii_upper, ascii_upper);
+}
+
+std::vector<std::string> split(std::string_view text, char separator) {
+  std::vector<std::string> pieces;
+  std::size_t pos = 0;
+  for (std::size_t hit = text.find(separator); hit != std::string_view::npos;
+       hit = text.find(separator, pos)) {
+    pieces.emplace_back(text.substr(pos, hit - pos));
+    pos = hit + 1;
+  }
+  pieces.emplace_back(text.substr(pos));
+  return pieces;
+}
+
+double numeric_value(std::string_view text) {
+  text = trim_left(text);
+  std::size_t end = 0;
+  const auto digits = [&] {
+    while (end < text.size() && text[end] >= '0' && text[end] <= '9') ++end;
+  };
+  if (end < text.size() && (text[end] == '+' || text[end] == '-')) ++end;
+  const std::size_t start = text.starts_with('+') ? 1 : 0;
+  digits();
+  if (end < text.size() && text[end] == '.') {
+    ++end;
+    digits();
+  }
+  double value = 0;
+  const auto result = std::from_chars(text.data() + start, text.data() + end, value);
+  if (result.ec == std::errc::result_out_of_range)
+    return text.starts_with('-') ? -largest_number : largest_number;
+  return result.ec == std::errc{} ? value : 0;
+}
+
+std::int64_t round_half_even(double value) {
+  value = std::clamp(value, -largest_number, largest_number);
+  const double floor = std::floor(value);
+  const double rest = value - floor;
+  const auto whole = static_cast<std::int64_t>(floor);
+  if (rest < 0.5) return whole;
+  if (rest > 0.5) return whole + 1;
+  return whole % 2 == 0 ? whole : whole + 1;
+}
+
+std::string signed_decimal(std::int64_t value) {
+  const std::string digits = std::to_string(value);
+  return value < 0 ? digits : " " + digits;
+}
+
+}  // namespace varnisto

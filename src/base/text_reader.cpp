@@ -1,0 +1,93 @@
+#include "base/text_reader.h"
+
+#include <cstring>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+
+namespace varnisto {
+namespace {
+
+constexpr std::size_t buffer_size = 64 * 1024;
+constexpr char end_of_text = '\x1A';
+
+}  // namespace
+
+TextReader::TextReader(const std::string& path)
+    : file_(FileHandle::open_for_reading(path)), path_(path), buffer_(buffer_size, '\0') {}
+
+TextReader TextReader::from_bytes(std::string bytes, std::string name) {
+  TextReader reader;
+  reader.path_ = std::move(name);
+  reader.end_ = bytes.size();
+  reader.buffer_ = std::move(bytes);
+  reader.ended_ = true;
+  return reader;
+}
+
+bool TextReader::refill() {
+  if (ended_) return false;
+  if (begin_ > 0) {
+    std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+    end_ -= begin_;
+    begin_ = 0;
+  }
+  if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
+  const std::size_t count = file_.read(buffer_.data() + end_, buffer_.size() - end_);
+  end_ += count;
+  ended_ = count == 0;
+  return !ended_;
+}
+
+bool TextReader::next_bytes(std::string_view& line) {
+  std::size_t searched = 0;
+  while (true) {
+    const char* start = buffer_.data() + begin_;
+    const std::size_t size = end_ - begin_;
+    if (const void* hit = std::memchr(start + searched, '\n', size - searched)) {
+      std::size_t length = static_cast<std::size_t>(static_cast<const char*>(hit) - start);
+      begin_ += length + 1;
+      if (length > 0 && start[length - 1] == '\r') --length;
+      line = {start, length};
+      return true;
+    }
+    searched = size;
+    if (refill()) continue;
+    if (size == 0) return false;
+    line = {buffer_.data() + begin_, size};
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    begin_ = end_;
+    return true;
+  }
+}
+
+bool TextReader::next(std::string_view& line) {
+  std::string_view bytes;
+  if (!next_bytes(bytes)) return false;
+  if (const std::size_t stop = bytes.find(end_of_text); stop != std::string_view::npos) {
+    begin_ = end_;
+    ended_ = true;
+    if (stop == 0) return false;
+    bytes = bytes.substr(0, stop);
+  }
+  ++line_number_;
+  line = bytes;
+  if (!is_ascii(bytes)) {
+    decoded_.clear();
+    code_page_.decode(bytes, decoded_);
+    line = decoded_;
+  }
+  return true;
+}
+
+std::string_view TextReader::must_next() {
+  std::string_view line;
+  if (!next(line)) throw RunTimeError(RunTimeError::past_end, path_);
+  return line;
+}
+
+std::string TextReader::place() const {
+  return path_ + ": " + std::to_string(line_number_) + " 行目";
+}
+
+}  // namespace varnisto

@@ -1,0 +1,122 @@
+#include "cabrillo/all_line.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace varnisto {
+namespace {
+
+constexpr Columns col_year{1, 4}, col_month{6, 2}, col_day{9, 2}, col_hour{12, 2}, col_minute{15, 2};
+constexpr Columns col_call{18, 13};
+constexpr Columns col_sent_rst{31, 3}, col_sent_exch{34, 8}, col_rcvd_rst{43, 3}, col_rcvd_exch{46, 8};
+constexpr Columns col_mult1{55, 6}, col_mult2{61, 6}, col_after_points{80, 5};
+
+struct Code {
+  std::string_view text, code;
+};
+
+constexpr Code mode_codes[] = {{"CW ", "CW"}, {"SSB", "PH"}, {"RY ", "RY"},
+                               {"RTY", "RY"}, {"RTT", "RY"}, {"FM ", "FM"}};
+
+constexpr Code band_frequencies[] = {{"1.9", " 1900"}, {"3.5", " 3500"}, {"7", " 7000"}, {"14", "14000"},
+                                     {"21", "21000"},  {"28", "28000"},  {"29", "28000"}};
+
+struct BandName {
+  std::string_view text;
+  std::size_t index;
+};
+
+constexpr BandName band_names[] = {{"1.9", 0}, {"1.8", 0}, {"3.5", 1}, {"7", 2},
+                                   {"14", 3},  {"21", 4},  {"28", 5},  {"29", 5}};
+
+template <std::size_t n>
+std::optional<std::string_view> find_code(const Code (&codes)[n], std::string_view text) {
+  const auto* hit = std::ranges::find(codes, text, &Code::text);
+  return hit == std::end(codes) ? std::nullopt : std::optional{hit->code};
+}
+
+/// `field` = text, left-aligned in `n`, without a temporary.
+void assign_left_aligned(std::string& field, std::string_view text, std::size_t n) {
+  field.clear();
+  append_left_aligned(field, text, n);
+}
+
+void parse_time(const TextLine& line, QsoRec& rec) {
+  rec.qso_year = line.cut(col_year);
+  rec.qso_month = line.cut(col_month);
+  rec.qso_day = line.cut(col_day);
+  rec.qso_date.assign(rec.qso_year).append("-").append(rec.qso_month).append("-").append(rec.qso_day);
+  rec.qso_hhmm.assign(line.cut(col_hour)).append(line.cut(col_minute));
+}
+
+void parse_exchanges(const TextLine& line, std::string_view jidx_number, QsoRec& rec) {
+  assign_left_aligned(rec.sent_rst4, line.cut(col_sent_rst), 4);
+  rec.sent_exch = trim(line.cut(col_sent_exch));
+  if (rec.sent_exch.empty()) rec.sent_exch = jidx_number;
+  assign_left_aligned(rec.rcvd_rst4, line.cut(col_rcvd_rst), 4);
+  rec.rcvd_exch = trim(line.cut(col_rcvd_exch));
+}
+
+void parse_frequency(std::string_view text, const AllOptions& options, QsoRec& rec) {
+  const auto memo = options.memo_frequency ? memo_frequency(text) : std::nullopt;
+  if (memo) {
+    rec.freq5.clear();
+    append_right_aligned(rec.freq5, *memo, 5);
+  } else if (const auto frequency = find_code(band_frequencies, rec.band_mhz)) {
+    rec.freq5 = *frequency;  // an unknown band keeps the previous line's frequency
+  }
+  if (options.as_1800 && rec.freq5 == " 1900") rec.freq5 = " 1800";
+}
+
+}  // namespace
+
+std::optional<std::string_view> memo_frequency(std::string_view line) {
+  const std::size_t open = line.find('(');
+  if (open == std::string_view::npos) return std::nullopt;
+  const std::size_t close = line.find(')', open);
+  if (close == std::string_view::npos) return std::nullopt;
+  const std::string_view inside = trim(line.substr(open + 1, close - open - 1));
+  return inside.empty() ? std::nullopt : std::optional{inside};
+}
+
+std::optional<std::string_view> bracket_text(std::string_view line) {
+  const std::size_t open = line.find('[');
+  if (open == std::string_view::npos) return std::nullopt;
+  const std::size_t close = line.find(']', open);
+  if (close == std::string_view::npos) return std::nullopt;
+  return line.substr(open + 1, close - open - 1);
+}
+
+std::optional<std::string_view> memo_transmitter(std::string_view line) {
+  constexpr std::string_view marker = "TX#";
+  const std::size_t at = line.find(marker);
+  if (at == std::string_view::npos) return std::nullopt;
+  return trim(left(line.substr(at + marker.size()), 1));
+}
+
+std::optional<std::string_view> mode_code(std::string_view column) {
+  return find_code(mode_codes, column);
+}
+
+std::optional<std::size_t> band_index(std::string_view band_mhz) {
+  const auto* hit = std::ranges::find(band_names, band_mhz, &BandName::text);
+  return hit == std::end(band_names) ? std::nullopt : std::optional{hit->index};
+}
+
+void parse_all_line(const TextLine& line, const AllOptions& options, QsoRec& rec) {
+  if (options.rtty)
+    rec.mode2 = "RY";
+  else if (const auto mode = mode_code(line.cut(all_columns::mode)))
+    rec.mode2 = *mode;  // an unknown mode keeps the previous line's
+  parse_time(line, rec);
+  assign_left_aligned(rec.his_call14, line.cut(col_call), 14);
+  parse_exchanges(line, options.jidx_number, rec);
+  rec.mult1 = trim(line.cut(col_mult1));
+  rec.mult2 = trim(line.cut(col_mult2));
+  rec.points = trim(line.cut(all_columns::points));
+  rec.band_mhz = trim(line.cut(all_columns::band));
+  parse_frequency(line.text(), options, rec);
+  if (const std::string_view after = line.cut(col_after_points); !is_blank(after)) rec.mult1 = after;
+}
+
+}  // namespace varnisto

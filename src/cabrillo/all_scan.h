@@ -1,0 +1,26 @@
+#pragma once
+// Scans of a zLog text log that guess the category: modes, bands, power.
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// True when the log holds a QSO line behind its title line. Throws RunTimeError.
+bool has_qso_lines(const std::string& path);
+
+/// Guesses mode and band category from the log `in_name`: sets `mode_sel`, `mode_sel_cat`, `band_sel` and
+/// `lowband_flag`. For a CCC binary log `in_name` first becomes the CCC text made from it. Throws
+/// RunTimeError.
+void get_mode_band_all(App& app);
+
+/// Finds the highest sent power of an ARRL DX log ("K" counts as 1000): `max_power_text`, shown in the power
+/// label.
+void get_power_all(App& app);
+/// Selects the power option that `max_power_text` stands for: up to 5 W QRP, below 151 W LOW, else HIGH.
+/// Without a power in the log the selection stays.
+void select_power_of_log(App& app);
+
+/// `mode_sel` from the QSOs of a log by mode.
+std::int16_t mode_selection(bool has_cw, bool has_ssb, bool has_rtty);
+
+}  // namespace varnisto

@@ -1,0 +1,45 @@
+#pragma once
+// The entry category: from the user's choices and the log's own counts to the words of the Cabrillo header.
+
+#include <string>
+#include <string_view>
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// The words a category text is made of.
+struct CategoryWords {
+  std::string op;          ///< operator text and a blank
+  std::string band;        ///< band word, e.g. "40M " or "All Band"
+  std::string band_value;  ///< CATEGORY-BAND value, e.g. "40M"
+  std::string power;       ///< "HIGH", "LOW", "QRP"
+  std::string mode;        ///< mode word with its blank, e.g. "SSB "
+};
+
+/// CONTEST value and category text that a contest code makes of these words.
+struct CategoryTexts {
+  std::string contest;
+  std::string summary;
+};
+CategoryTexts category_texts(std::string_view code, const CategoryWords& words);
+
+/// JIDX category code: band code of `band` ("7", "40M ", "All Band", ...) and "L" for low power; "MOP" unless
+/// `operator_cat` is a single operator's.
+std::string jidx_category_code(std::string_view operator_cat, std::string_view band, std::string_view power);
+
+/// The CATEGORY-BAND value of `band_sel` (0..6) and the band word of the selection dialog.
+std::string_view cabrillo_band_of(std::int16_t band_sel);
+std::string_view band_word_of(std::int16_t band_sel);
+
+/// What a JIDX contest code adds to the category: category code, contest code by mode, score text.
+void apply_jidx(App& app, std::string_view operator_cat, const CategoryWords& words);
+
+/// Every "--" becomes "-".
+std::string single_dashes(std::string_view text);
+
+/// Derives operator, power, band and mode words, the contest code from the title, CONTEST value and category
+/// text.
+void set_category_cbr(App& app);
+
+}  // namespace varnisto

@@ -1,0 +1,89 @@
+#include "cabrillo/contest.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/fields.h"
+#include "base/text.h"
+#include "core/lists.h"
+
+namespace varnisto {
+namespace {
+
+struct TitleCode {
+  std::string_view title, code;
+};
+
+constexpr TitleCode title_codes[] = {
+    {"ARRL 10m Con", "ARRL-10"}, {"ARRL Interna", "ARRL-DX"}, {"CQ WPX Conte", "CQ-WPX"},
+    {"CQWW DX Cont", "CQ-WW"},   {"IARU HF Worl", "IARU-HF"}, {"ARRL 160m Co", "ARRL-160"},
+    {"CQWW160     ", "CQ-160"},  {"WAEDC Contes", "WAEDC"},   {"JIDX Contest", "JIDX"},
+    {"All Asian DX", "AA-DX"},   {"Asia Pacific", "AA-SP"}};
+static_assert(std::ranges::all_of(title_codes, [](const TitleCode& row) { return row.title.size() == 12; }));
+
+constexpr TitleCode ccc_codes[] = {
+    {"ARRLD", "ARRL-DX"}, {"CQWPX", "CQ-WPX"}, {"CQWW ", "CQ-WW"}, {"IARU ", "IARU-HF"}, {"JIDX ", "JIDX"}};
+
+template <std::size_t n>
+std::optional<std::string_view> find_code(const TitleCode (&codes)[n], std::string_view title) {
+  const auto* hit = std::ranges::find(codes, title, &TitleCode::title);
+  return hit == std::end(codes) ? std::nullopt : std::optional{hit->code};
+}
+
+}  // namespace
+
+void read_contest_name(App& app) {
+  app.trace.line("Public Sub read_contest_name()");
+  auto& names = app.state.contest.contest_names;
+  names.clear();
+  FieldReader reader{TextReader{app.state.program.app_dir + "contest_name.cfg"}};
+  while (auto title = reader.next()) {
+    if (names.size() == most_contest_names) throw ListFileError(RunTimeError::bad_subscript, reader.place());
+    ContestName record;
+    record.title = *std::move(title);
+    record.code = next_of_record(reader);
+    record.note = next_of_record(reader);
+    names.push_back(std::move(record));
+  }
+}
+
+void get_contest_name(App& app) {
+  app.trace.line("Public Sub get_contest_name()");
+  read_contest_name(app);
+  std::string& cont_id = app.state.contest.cont_id;
+  const auto& names = app.state.contest.contest_names;
+  const auto hit =
+      std::ranges::find_if(names, [&](const auto& name) { return contains(cont_id, name.title); });
+  if (hit != names.end()) cont_id = hit->code;
+}
+
+std::optional<std::string_view> title_code(std::string_view title) {
+  if (title == "JIDX") return "JIDX";
+  return find_code(title_codes, left(title, 12));
+}
+
+std::optional<std::string_view> ccc_type_code(std::string_view type) {
+  return find_code(ccc_codes, left(type, 5));
+}
+
+std::string jidx_code(const CategoryState& category, std::string_view current) {
+  constexpr std::int16_t cw = 2;
+  if (category.mode_sel_cat != cw) return "JIDX";
+  if (category.lowband_flag == 1) return "JIDX-LF";
+  if (category.lowband_flag == 2) return "JIDX-HF";
+  return std::string{current};
+}
+
+void map_title_to_code(App& app) {
+  std::string& cont_id = app.state.contest.cont_id;
+  const std::string title = cont_id;
+  const auto code = title_code(title);
+  if (!code)
+    get_contest_name(app);
+  else if (code == "JIDX" && title != "JIDX")
+    cont_id = jidx_code(app.state.category, title);
+  else
+    cont_id = *code;
+}
+
+}  // namespace varnisto

@@ -1,0 +1,41 @@
+#pragma once
+// The logger's summary (.zsm): contest title, category line, claimed score.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// Prepares a zLog ALL log that was just opened: reads the logger's summary, or lets the user choose contest
+/// and category, and shows what was found.
+void shori_zlog_all(App& app);
+
+/// Reads the logger's summary `zsm_use_name`: contest title, category text, claimed score. Throws
+/// RunTimeError 13 for a score that is no number, ProgramEnd when the category line has fewer than four
+/// words.
+void read_zlog_zsm(App& app);
+
+/// Splits the category text of the logger's summary into words and sets the category values; selects the
+/// operator option that the first word names. Throws ProgramEnd, after a message, with fewer than four words.
+void sep_space_zlog_zsm(App& app);
+/// The same when the log is written, with the contest code of the title. Throws RunTimeError 9 for too few
+/// words.
+void sep_space_cbr(App& app);
+
+/// Words of a category text: an assisted "Single-op A" is one word, double blanks are one.
+std::vector<std::string> category_line_words(std::string_view cat_text);
+/// Whole number of a score text; thousands commas may be in it. Throws RunTimeError 13 naming `where` for any
+/// other text, 6 beyond 32 bits.
+std::int32_t score_value(std::string_view text, const std::string& where);
+
+/// Shows summary name, score, contest, call sign and category in the main window's four labels and keeps the
+/// texts.
+void show_summary(App& app);
+/// "県No " and the first two characters of the prefecture number, for the power label in JIDX.
+std::string jidx_power_label(const App& app);
+
+}  // namespace varnisto

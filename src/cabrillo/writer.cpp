@@ -1,0 +1,188 @@
+#include "cabrillo/writer.h"
+
+#include <initializer_list>
+
+#include "base/files.h"
+#include "base/text.h"
+#include "base/text_reader.h"
+#include "base/text_writer.h"
+#include "cabrillo/all_line.h"
+#include "cabrillo/category.h"
+#include "cabrillo/header.h"
+#include "cabrillo/qso_line.h"
+#include "cabrillo/summary.h"
+#include "core/main_options.h"
+#include "core/paths.h"
+
+namespace varnisto {
+namespace {
+
+struct Replacement {
+  std::string_view from, to;
+};
+
+constexpr Replacement band_replacements[] = {{"1.8", "160M"}, {"1.9", "160M"}, {"3.5", "80M"}, {"7", "40M"},
+                                             {"14", "20M"},   {"21", "15M"},   {"28", "10M"}};
+constexpr Replacement mode_removals[] = {{"SSB", ""}, {"CW", ""}, {"RTY", ""}, {"MIXED", ""}};
+constexpr Replacement jidx_replacements[] = {{" LOW", "L"}, {" HIGH", ""}};
+constexpr Replacement doubled_modes[] = {{"SSB  SSB", "SSB"}, {"SSB  CW", "CW"}, {"CW  CW", "CW"}};
+
+template <std::size_t n>
+void replace_each(std::string& text, const Replacement (&replacements)[n]) {
+  for (const Replacement& replacement : replacements)
+    text = replace_all(text, replacement.from, replacement.to);
+}
+
+/// `out_name` by the CONTEST value.
+std::string output_name(const App& app) {
+  const std::string base = app.state.input.out_dir + call_for_names(app);
+  const std::string& contest = app.state.contest.contest;
+  if (contains(contest, "JIDX")) return base + "-" + app.state.category.cat_summary + ".log";
+  return base + (contains(contest, "ARRL") ? ".log" : ".cbr");
+}
+
+/// Contests whose category text names no mode.
+bool without_mode(std::string_view contest) {
+  return contains(contest, "CQ-WPX") || contains(contest, "CQ-WW") || contains(contest, "ARRL-DX");
+}
+
+/// The choices of the selection dialog stand in for the category text when they were made for this log.
+void prefer_dialog_category(App& app) {
+  CategoryState& category = app.state.category;
+  if (!contains(app.state.contest.contest, "JIDX") && app.state.settings.select_cont_yusen == "1" &&
+      category.dialog_shown)
+    category.cat_summary = category.dialog_category;
+}
+
+void tidy_texts(App& app) {
+  std::string& summary = app.state.category.cat_summary;
+  summary = single_dashes(to_upper(single_blanks(summary)));
+  app.state.contest.contest = single_dashes(app.state.contest.contest);
+}
+
+/// What differs between the two writers beside the preparation of the category.
+struct Plan {
+  std::string log;  ///< the ALL log
+  bool rtty;        ///< the option that makes every mode "RY" counts
+};
+
+/// Reads `line` up to the log's first QSO. Throws Refusal when there is none: nothing has been written yet
+/// then.
+void find_first_qso(TextReader& log, std::string_view& line) {
+  log.next(line);  // the title line
+  while (log.next(line))
+    if (holds_qso(line)) return;
+  throw Refusal(std::string{no_qso_text});
+}
+
+QsoLineContext line_context(const App& app) {
+  QsoLineContext context;
+  context.mycall14 = app.state.settings.mycall14;
+  context.multi_tx = app.state.category.multi_tx == 1;
+  context.named_all = right(app.state.input.in_name, 3) == "all";
+  context.qtc_columns = app.state.settings.add_qtc_flag == "1";
+  return context;
+}
+
+AllOptions all_options(const App& app, bool rtty) {
+  const Settings& settings = app.state.settings;
+  AllOptions options;
+  options.rtty = rtty && settings.mode_2_rtty_flag == "1";
+  options.memo_frequency = settings.get_freq_flag == "1";
+  options.as_1800 = settings.freq19_to_18_flag == "1";
+  if (contains(app.state.contest.contest, "JIDX")) options.jidx_number = settings.jidx_no;
+  return options;
+}
+
+/// Writes every QSO from `line` to the end of the log; returns how many lines that made.
+std::int32_t put_qsos(App& app, TextReader& log, std::string_view line, bool rtty, LineSink& out) {
+  const QsoLineContext context = line_context(app);
+  const AllOptions options = all_options(app, rtty);
+  QsoFormatter* const format = formatter_for(app.state.contest.cont_id);
+  QsoRec& rec = app.state.qso;
+  rec = QsoRec{};
+  std::string text;
+  std::int32_t written = 0;
+  do {
+    if (!holds_qso(line)) continue;
+    parse_all_line(TextLine{line}, options, rec);
+    if (!format(context, line, rec, text)) continue;
+    out.put(text);
+    ++written;
+  } while (log.next(line));
+  return written;
+}
+
+/// The menus and buttons that lead to the new output.
+void offer_output(App& app) {
+  MainForm& main = app.main;
+  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled = true;
+  const std::string& name = app.state.input.out_name;
+  if (!name.ends_with(".cbr") && !name.ends_with(".log")) return;
+  main.mnuDisp2_out1.enabled = name.ends_with(".cbr");
+  main.mnuDisp2_out3.enabled = name.ends_with(".log");
+}
+
+/// Common to both writers once CONTEST value and category text stand: choose the name, write the file.
+void print(App& app, const Plan& plan) {
+  InputState& input = app.state.input;
+  TextReader log{plan.log};
+  std::string_view line;
+  find_first_qso(log, line);
+  TextWriter out{input.out_name};
+  app.main.mnu_mc.caption = file_part(input.out_name);
+  put_cbr_header(app, out);
+  input.qsos_written = put_qsos(app, log, line, plan.rtty, out);
+  out.put("END-OF-LOG:");
+  out.close();
+  input.outputs.push_back(input.out_name);
+  offer_output(app);
+}
+
+}  // namespace
+
+void zlog_all_za2c_print(App& app) {
+  app.trace.line("Public Sub zlog_all_za2c_print()");
+  set_category_cbr(app);
+  InputState& input = app.state.input;
+  input.out_name = output_name(app);
+  // The tallies are left as they are: a second run of the same log derives its band and mode from them again.
+  reset_power(app);
+
+  std::string& contest = app.state.contest.contest;
+  prefer_dialog_category(app);
+  if (without_mode(contest)) {
+    replace_each(app.state.category.cat_summary, mode_removals);
+    replace_each(app.state.category.cat_summary, band_replacements);
+  }
+  tidy_texts(app);
+  if (contains(contest, "IARU HF Championship")) contest = "IARU-HF";
+  if (is_blank(contest)) contest = app.state.contest.contest_name;
+  if (is_blank(app.state.category.cat_station)) app.state.category.cat_station = "FIXED";
+  print(app, {input.in_kind == "zlog_zlo" ? input.z2a_name : input.in_name, true});
+}
+
+void zlog_all_zsm_print(App& app) {
+  app.trace.line("Public Sub zlog_all_zsm_print()");
+  sep_space_cbr(app);
+  InputState& input = app.state.input;
+  std::string& summary = app.state.category.cat_summary;
+  const std::string& contest = app.state.contest.contest;
+  summary = single_blanks(summary);
+  zero_clear(app);
+  reset_power(app);
+
+  prefer_dialog_category(app);
+  if (without_mode(contest)) replace_each(summary, mode_removals);
+  if (contains(contest, "JIDX"))
+    replace_each(summary, jidx_replacements);
+  else
+    replace_each(summary, band_replacements);
+  replace_each(summary, doubled_modes);
+  input.out_name = output_name(app);  // for JIDX the name carries the category text
+  tidy_texts(app);
+  if (is_blank(app.state.category.cat_station)) app.state.category.cat_station = "FIXED";
+  print(app, {input.in_name, false});
+}
+
+}  // namespace varnisto

@@ -1,0 +1,19 @@
+#pragma once
+// Writes the Cabrillo log of a zLog text log: header, one line a QSO, closing tag.
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// What the user reads when a log holds no QSO.
+inline constexpr std::string_view no_qso_text = "ログに交信データがありません。";
+
+/// Writes the Cabrillo file of an ALL log whose category comes from the logger's summary. Sets `out_name` and
+/// `qsos_written`. Throws Refusal when the log has no QSO line (earlier outputs stay), RunTimeError for
+/// files.
+void zlog_all_zsm_print(App& app);
+/// The same for a log whose category comes from the program's own dialogs; reads the converted `z2a_name` for
+/// ZLO.
+void zlog_all_za2c_print(App& app);
+
+}  // namespace varnisto

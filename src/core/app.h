@@ -1,0 +1,53 @@
+#pragma once
+// What every routine works on.
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "core/desk.h"
+#include "core/main_form.h"
+#include "core/state.h"
+#include "core/trace.h"
+#include "platform/platform.h"
+
+namespace varnisto {
+
+struct App {
+  App(Platform& the_platform, Desk& the_desk) : platform(the_platform), desk(the_desk) {}
+
+  State state;         ///< the shared variables
+  MainForm main;       ///< the main window's controls
+  Platform& platform;  ///< the outside world
+  Desk& desk;          ///< message boxes, dialogs, viewers
+  Trace trace;         ///< debug log
+};
+
+/// The running action stops with a message; nothing was written and the program goes on.
+struct Refusal : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The action needs something that the program cannot do yet; what() names it.
+struct NotAvailable : Refusal {
+  using Refusal::Refusal;
+};
+
+/// The program ends at once, after the message that was shown.
+struct ProgramEnd : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// Puts a text into the main window's text box; "" clears it.
+void show_text(App& app, const std::string& text, Color color);
+inline void clear_text(App& app) {
+  show_text(app, "", Color::black);
+}
+
+/// Shows a message box and keeps its text and answer in the state.
+void message_box(App& app, const MessageBox& box);
+
+/// Lines joined by CR LF, as message boxes and the text box take them.
+std::string lines(std::initializer_list<std::string_view> parts);
+
+}  // namespace varnisto

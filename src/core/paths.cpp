@@ -1,0 +1,137 @@
+#include "core/paths.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "base/cp932.h"
+#include "base/files.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
+
+namespace varnisto {
+namespace {
+
+/// Length of a text in bytes of code page 932.
+std::size_t cp932_size(std::string_view text) {
+  return to_cp932(text, Unmappable::question_mark).size();
+}
+
+/// The longest beginning of whole characters that needs at most `limit` bytes of code page 932.
+std::string_view cp932_prefix(std::string_view text, std::size_t limit) {
+  std::size_t used = 0;
+  std::size_t pos = 0;
+  while (pos < text.size()) {
+    const std::size_t size = left(text.substr(pos), 1).size();
+    used += cp932_size(text.substr(pos, size));
+    if (used > limit) break;
+    pos += size;
+  }
+  return text.substr(0, pos);
+}
+
+bool is_existing_path(const std::string& path) {
+  return has_folder(path) && file_exists(path);
+}
+
+}  // namespace
+
+PathPieces pieces_of(std::string_view path) {
+  PathPieces pieces;
+  pieces.file_name = file_part(path);
+  const std::size_t dot = pieces.file_name.rfind('.');
+  if (dot != std::string::npos) pieces.ext = pieces.file_name.substr(dot + 1);
+  pieces.dir = remove_all(path, pieces.file_name);
+  pieces.stem = remove_all(path, "." + pieces.ext) + ".";
+  return pieces;
+}
+
+bool has_folder(std::string_view path) {
+  return path.find(path_separator) != std::string_view::npos;
+}
+
+std::string with_suffix(std::string_view path, std::string_view ext, std::string_view suffix) {
+  return replace_all(path, "." + std::string{ext}, suffix);
+}
+
+std::string shorten_path(std::string_view text, std::size_t limit) {
+  if (cp932_size(text) <= limit) return std::string{text};
+  const std::string tail = std::string{"..."} + path_separator + std::string{file_part(text)};
+  const std::size_t tail_size = cp932_size(tail);
+  const std::size_t room = limit > tail_size ? limit - tail_size : 0;
+  const std::string shortened = std::string{cp932_prefix(text, room)} + tail;
+  return replace_all(replace_all(shortened, " ", "_"), "　", "_");
+}
+
+std::string call_for_names(const App& app) {
+  return replace_all(trim(app.state.settings.mycall), "/", "-");
+}
+
+void split_path(App& app, const std::string& path) {
+  const PathPieces pieces = pieces_of(path);
+  InputState& input = app.state.input;
+  input.in_file_name = pieces.file_name;
+  input.in_ext = pieces.ext;
+  input.in_dir = pieces.dir;
+  input.in_stem = pieces.stem;
+}
+
+void Disp_in_name(App& app) {
+  app.trace.line("Public Sub Disp_in_name()");
+  InputState& input = app.state.input;
+  input.in_name_disp = shorten_path(input.in_name, 44);
+  split_path(app, input.in_name);
+  input.out_dir = input.in_dir;
+  app.main.lblIn.text = input.in_name_disp;
+  app.main.lblIn.color = Color::black;
+}
+
+void count_lines(App& app, const std::string& path) {
+  app.state.display.line_count = line_breaks_plus_one(path);
+}
+
+void zsm_disp_chk(App& app) {
+  app.trace.line("Public Sub zsm_disp_chk()");
+  InputState& input = app.state.input;
+  const auto generated = [&](std::string_view suffix) { return replace_all(input.zsm_name, ".zsm", suffix); };
+  input.za2c_name = generated("_za2c.zsm");
+  input.zz2c_name = generated("_zz2c.zsm");
+  input.ct2c_name = generated("_ct2c.zsm");
+  input.cb2c_name = generated("_cb2c.zsm");
+  MainForm& main = app.main;
+  main.zsm_Disp_zsm.enabled = is_existing_path(input.zsm_name);
+  main.zsm_Disp_za2c.enabled = is_existing_path(input.za2c_name);
+  main.zsm_Disp_zz2c.enabled = is_existing_path(input.zz2c_name);
+  main.zsm_Disp_ct2c.enabled = is_existing_path(input.ct2c_name);
+  main.zsm_Disp_cb2c.enabled = is_existing_path(input.cb2c_name);
+}
+
+const std::string& scratch_folder(App& app) {
+  std::string& tmp_dir = app.state.program.tmp_dir;
+  if (!tmp_dir.empty()) return tmp_dir;
+  std::error_code failure;
+  std::string pattern = (std::filesystem::temp_directory_path(failure) / "varnisto-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) throw_file_error(errno, pattern);
+  return tmp_dir = pattern + path_separator;
+}
+
+void remove_scratch_folder(App& app) {
+  std::string& tmp_dir = app.state.program.tmp_dir;
+  if (tmp_dir.empty()) return;
+  std::error_code failure;  // what cannot be deleted stays in the system's temporary folder
+  std::filesystem::remove_all(tmp_dir, failure);
+  tmp_dir.clear();
+}
+
+void zero_clear(App& app) {
+  app.trace.line("Public Sub zero_clear()");
+  TallyState& tally = app.state.tally;
+  const TallyState kept = tally;
+  tally = TallyState{};
+  tally.total_score = kept.total_score;
+  tally.total_score_text = kept.total_score_text;
+  tally.score_detail = kept.score_detail;
+}
+
+}  // namespace varnisto

@@ -1,0 +1,52 @@
+#pragma once
+// Pieces of paths and their display.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// The pieces of a full path, by the naming rules: every occurrence of the removed part goes, in the folder's
+/// name too.
+struct PathPieces {
+  std::string file_name;  ///< name with extension
+  std::string ext;        ///< extension without "."; empty when there is none
+  std::string dir;        ///< path without the name
+  std::string stem;       ///< path without ".extension", then "."
+};
+PathPieces pieces_of(std::string_view path);
+
+/// True when the text is a path with a folder.
+bool has_folder(std::string_view path);
+
+/// The path with every occurrence of "." & `ext` replaced by `suffix` (e.g. "_z2a.all").
+std::string with_suffix(std::string_view path, std::string_view ext, std::string_view suffix);
+
+/// Shortens a path for display to `limit` bytes of code page 932: its beginning, "...", separator and file
+/// name, with every blank as "_". A character that the cut would divide is left out. A text within the limit
+/// stays as it is.
+std::string shorten_path(std::string_view text, std::size_t limit);
+
+/// Own call sign as file names carry it: trimmed, with "-" for "/" so that no sub-folder is needed.
+std::string call_for_names(const App& app);
+
+/// Sets `in_file_name`, `in_ext`, `in_dir`, `in_stem` from a path.
+void split_path(App& app, const std::string& path);
+/// Shortens `in_name` for display, splits it, and makes its folder the output folder.
+void Disp_in_name(App& app);
+/// Sets `line_count`: the file's line breaks plus one. Throws RunTimeError.
+void count_lines(App& app, const std::string& path);
+/// Derives the names of the generated summaries and enables the menu entry of each summary that exists.
+void zsm_disp_chk(App& app);
+/// Makes the private scratch folder when it is not there yet (mode 0700, under the system's temporary
+/// folder); returns `tmp_dir`. Throws RunTimeError.
+const std::string& scratch_folder(App& app);
+/// Deletes the scratch folder and what is in it.
+void remove_scratch_folder(App& app);
+/// Clears the tallies of a log; `total_score` stays.
+void zero_clear(App& app);
+
+}  // namespace varnisto

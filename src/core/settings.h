@@ -1,0 +1,55 @@
+#pragma once
+// The settings file Varnisto.ini and its forerunner Varnisto.cfg.
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/app.h"
+
+namespace varnisto {
+
+/// The section of nearly every key, and that of the run counter.
+inline constexpr std::string_view ini_section = "Varnisto.ini";
+inline constexpr std::string_view ini_main_section = "Main";
+/// Longest value that a reader of the file gives back, in characters.
+inline constexpr std::size_t longest_setting = 127;
+
+/// A key of the settings file and the setting it holds.
+struct SettingKey {
+  std::string_view key;
+  std::string Settings::*member = nullptr;  ///< null for the two keys that are no plain text
+  bool as_held = false;                     ///< written with its blanks
+  std::string_view section = ini_section;
+};
+/// All keys in the order of the file.
+std::span<const SettingKey> setting_keys();
+/// The text that `write_settings` writes for a key.
+std::string setting_value(const Settings& settings, const SettingKey& key);
+
+/// Path of the settings file and of the legacy file.
+std::string ini_path(const App& app);
+std::string legacy_path(const App& app);
+/// True when the settings file exists and was written by this version.
+bool settings_current(App& app);
+
+/// Writes every key, in one replacement of the file. Throws RunTimeError 61, 70, 76.
+void write_settings(App& app);
+/// write_settings() when the settings file exists and is current; nothing otherwise.
+void write_current_settings(App& app);
+/// Reads every key; a missing one gives "". Values are cut to 127 characters. Also sets `mycall14`.
+void read_settings(App& app);
+/// Reads the legacy file: one "LABEL:value" a line; a line may match several labels. Throws RunTimeError
+/// 53, 62.
+void read_Varnisto_cfg(App& app);
+/// read_settings() under the name that the selection dialogs use.
+void read_cfg2(App& app);
+/// Tells the user in the main window that no editor is set, when none is.
+void check_cfg(App& app);
+/// Takes `mycall_base` from the lines of the settings file that hold "CALLSIGN:".
+void get_call_from_cfg(App& app);
+
+/// The settings that must be filled before a log can be converted, by key; those that are blank.
+std::vector<std::string> missing_settings(const App& app);
+
+}  // namespace varnisto

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+namespace varnisto {
+
+/// The program's version, as settings files and Cabrillo headers carry it.
+inline constexpr std::string_view program_version = "3.09";
+/// The signature that Cabrillo headers carry before the version.
+inline constexpr std::string_view program_signature = "Varnisto.exe ver ";
+
+}  // namespace varnisto
