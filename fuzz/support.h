@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/line_sink.h"
+#include "base/text.h"
+#include "base/text_reader.h"
+
+namespace varnisto::fuzz {
+
+/// Ends the run when what must always hold does not.
+inline void require(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "violated: %s\n", what);
+  std::abort();
+}
+
+inline std::string_view bytes_of(const std::uint8_t* data, std::size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
+/// The lines of these bytes as a log's reader hands them out.
+inline std::vector<std::string> lines_of(std::string_view bytes) {
+  std::vector<std::string> lines;
+  TextReader reader = TextReader::from_bytes(std::string{bytes});
+  for (std::string_view line; reader.next(line);) lines.emplace_back(line);
+  return lines;
+}
+
+/// Keeps the lines put into it.
+class LineList final : public LineSink {
+ public:
+  std::vector<std::string> lines;
+  void put(std::string_view line) override { lines.emplace_back(line); }
+};
+
+}  // namespace varnisto::fuzz
