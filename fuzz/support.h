@@ -8,11 +8,22 @@
 #include <string_view>
 #include <vector>
 
+#include "base/cp932.h"
 #include "base/line_sink.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 
 namespace varnisto::fuzz {
+
+/// Keeps the system's code page tables loaded: they would be read from disk again for every input.
+inline const CodePage loaded_code_page = [] {
+  CodePage code_page;
+  std::string text;
+  code_page.decode("\x95\x5C", text);
+  std::string bytes;
+  code_page.encode(text, bytes, Unmappable::refuse);
+  return code_page;
+}();
 
 /// Ends the run when what must always hold does not.
 inline void require(bool holds, const char* what) {

@@ -55,6 +55,13 @@ TEST(Cp932, AHalfCharacterAtTheEndSurvives) {
     EXPECT_EQ(to_cp932(from_cp932(bytes)), bytes);
 }
 
+TEST(Cp932, AStrayLeadByteDoesNotSwallowARespeltCharacter) {
+  const std::string bytes = "\xEE\xEE\xEE\x72";  // no character, then the second spelling of one
+  const std::string again = to_cp932(from_cp932(bytes));
+  EXPECT_EQ(again, "\xEE\xEE\xFB\x8F");
+  EXPECT_EQ(from_cp932(again), from_cp932(bytes));
+}
+
 TEST(Cp932, ACharacterBeyondTheConvertersBufferIsNotCut) {
   std::string bytes = "x";
   for (int i = 0; i < 9000; ++i) bytes += "\x95\x5C";

@@ -85,6 +85,8 @@ TEST(ProfileSet, KeepsUtf16) {
   text.set("A", "x", "\U0001F4FB表");
   EXPECT_EQ(ProfileText{text.bytes()}.get("A", "x"), "\U0001F4FB表");
   EXPECT_TRUE(text.bytes().starts_with("\xFF\xFE"));
+  const std::string half_pair = "\xFF\xFE[\0]\0\n\0x\0=\0\x2D\xD8y\0"s;
+  EXPECT_EQ(ProfileText{half_pair}.bytes(), half_pair);
 }
 
 TEST(ProfileSet, RefusesALineBreakInAValue) {
