@@ -11,6 +11,20 @@
 
 namespace varnisto {
 
+/// Row of `List1` that a log's path suggests, by marks in the upper-cased path; nothing when it holds none.
+std::optional<int> contest_row_of_path(std::string_view upper_path);
+
+/// What OK runs to make the summary.
+enum class SheetSteps {
+  none,           ///< the general summary that stands already
+  tally,          ///< ALL tally and the writer of the contest
+  waedc,          ///< WAEDC tally first
+  iota,           ///< the IOTA path
+  general_sheet,  ///< ALL tally, always the general summary
+};
+/// The steps for a contest's title and code; upper and lower case count as the same.
+SheetSteps sheet_steps_of(bool zlo_input, std::string_view contest_name, std::string_view cont_id);
+
 /// Window select_cont. Constructing it loads it: lists filled, choices preset from the input.
 class SelectCont final : public Form {
  public:
@@ -61,24 +75,11 @@ class SelectCont final : public Form {
   void select_scanned_options(int mode, int band);
   void select_power_of_log();
   bool has_contest() const;
+  void make_sheet(SheetSteps steps);
   void show_category();
   void finish();
 
   App& app_;
 };
-
-/// Row of `List1` that a log's path suggests, by marks in the upper-cased path; nothing when it holds none.
-std::optional<int> contest_row_of_path(std::string_view upper_path);
-
-/// What OK runs to make the summary.
-enum class SheetSteps {
-  none,           ///< the general summary that stands already
-  tally,          ///< ALL tally and the writer of the contest
-  waedc,          ///< WAEDC tally first
-  iota,           ///< the IOTA path
-  general_sheet,  ///< ALL tally, always the general summary
-};
-/// The steps for a contest's title and code; upper and lower case count as the same.
-SheetSteps sheet_steps_of(bool zlo_input, std::string_view contest_name, std::string_view cont_id);
 
 }  // namespace varnisto
