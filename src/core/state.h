@@ -86,6 +86,7 @@ struct InputState {
   std::string qlg_name;              ///< call sign & ".qlg": QTC log
   std::string out_name;              ///< the file that the writer produced
   std::int32_t qsos_written = 0;     ///< QSO lines in it
+  std::int32_t lines_dropped = 0;       ///< log lines that the contest's rule leaves out: no received report
   std::vector<std::string> outputs;  ///< every file written for this log, in order
 };
 
@@ -138,6 +139,7 @@ struct CategoryState {
   bool transmitter_chosen = false;  ///< a transmitter was chosen in the selection dialog
   std::string overlay_key;          ///< key of the overlay list, e.g. "CQ-WPX-CW"
   std::string overlay_caller;       ///< the dialog that opened the overlay dialog
+  bool overlay_back = false;        ///< the overlay dialog was left by its return button
 };
 
 /// The QSO being written. A field that a line does not set keeps the value the previous line gave it.
