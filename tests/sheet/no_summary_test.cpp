@@ -177,6 +177,18 @@ TEST(Sheet, NeverReplacesTheLoggersOwnSummary) {
   EXPECT_EQ(test.app.state.contest.select_from, "za2c_zsm");
 }
 
+TEST(Sheet, APowerChosenInTheDialogHoldsAgainstTheLogs) {
+  TestApp test;
+  TempDir work;
+  work.copy_from(source_dir("tests/data/no_summary/arrl-dx/in"));
+  answer(test, {"ARRL International DX Contest", -1, 0});
+  test.start();
+  test.open(work.path() + "dx2025.ALL");
+  kaishi_Click(test.app);
+  EXPECT_NE(work.read_text("QX1ABC.log").find("CATEGORY-POWER: HIGH\n"), std::string::npos);
+  EXPECT_EQ(test.app.main.Option1.selected, 0);
+}
+
 TEST(Sheet, IotaIsRefusedBeforeAnythingIsWritten) {
   TestApp test;
   TempDir work;
