@@ -129,7 +129,8 @@ void show_power(App& app) {
   if (contains(title, "ARRL International DX Contest") &&
       contains(to_upper(app.state.input.in_name), ".ALL")) {
     get_power_all(app);
-    if (!app.state.category.dialog_shown) select_power_of_log(app);  // a choice made in the dialog stands
+    // The selection dialog offers the log's power by itself; what was confirmed there holds.
+    if (!app.state.category.dialog_shown) select_power_of_log(app);
   }
   if (contains(title, "JIDX")) app.main.lblPower.text = jidx_power_label(app);
 }
