@@ -26,7 +26,8 @@ class OpenedLog {
   explicit OpenedLog(std::size_t qsos) : qsos_(qsos) {
     std::string pattern = (fs::temp_directory_path() / "varnisto-bench-XXXXXX").string();
     folder_ = std::string{mkdtemp(pattern.data())} + "/";
-    fs::copy(fs::path{VARNISTO_SOURCE_DIR} / "data", folder_, fs::copy_options::overwrite_existing);
+    fs::copy(fs::path{VARNISTO_SOURCE_DIR} / "data", folder_,
+             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
     make_log(folder_ + "log", qsos);
     Main(app, folder_);
     Form_Load(app);
