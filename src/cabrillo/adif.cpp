@@ -2,7 +2,6 @@
 
 #include <charconv>
 
-#include "base/cp932.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
@@ -19,18 +18,6 @@ std::string_view adif_mode(std::string_view mode2) {
   if (mode2 == "PH") return "SSB";
   if (mode2 == "RY") return "RTTY";
   return mode2;
-}
-
-std::size_t written_size(std::string_view text) {
-  return is_ascii(text) ? text.size() : to_cp932(text).size();
-}
-
-/// "<name:length>value"; `type` stands behind the length, with its colon.
-void append_field(std::string& out, std::string_view name, std::string_view value,
-                  std::string_view type = "") {
-  char digits[20];
-  const auto end = std::to_chars(digits, digits + sizeof digits, written_size(value));
-  out.append("<").append(name).append(":").append(digits, end.ptr).append(type).append(">").append(value);
 }
 
 void put_header(TextWriter& out) {
@@ -57,20 +44,36 @@ AdifCall adif_call(std::string_view his_call, const AdifOptions& options) {
   return {call, std::string{"UR "}.append(his_call).append(" ").append(options.comment)};
 }
 
-void append_adif_record(std::string_view qso_line, const AdifOptions& options, std::string& band,
-                        std::string& out) {
+std::size_t AdifRecords::written_size(std::string_view text) {
+  if (is_ascii(text)) return text.size();
+  bytes_.clear();
+  code_page_.encode(text, bytes_, Unmappable::refuse);
+  return bytes_.size();
+}
+
+/// "<name:length>value"; `start` holds "<name:", `end` what follows the length.
+void AdifRecords::append_field(std::string& out, std::string_view start, std::string_view value,
+                               std::string_view end) {
+  char digits[20];
+  const auto digits_end = std::to_chars(digits, digits + sizeof digits, written_size(value));
+  out.append(start).append(digits, digits_end.ptr).append(end).append(value);
+}
+
+void AdifRecords::append(std::string_view qso_line, std::string& out) {
   const TextLine line{qso_line};
-  const std::string_view frequency = trim(line.cut(col_frequency));
-  if (const auto name = freq_band(frequency)) band = *name;
-  const AdifCall call = adif_call(trim(line.cut(options.layout.his_call)), options);
-  append_field(out, "call", call.call);
-  append_field(out, "QSO_DATE", remove_all(line.cut(col_date), "-"), ":d");
-  append_field(out, "TIME_ON", line.cut(col_time));
-  append_field(out, "MODE", adif_mode(line.cut(col_mode)));
-  append_field(out, "BAND", band);
-  append_field(out, "FREQ", frequency);
-  append_field(out, "RST_SENT", trim(line.cut(col_sent_rst)));
-  if (!call.comment.empty()) append_field(out, "COMMENT", call.comment);
+  if (const std::string_view frequency = trim(line.cut(col_frequency)); frequency != frequency_) {
+    frequency_ = frequency;
+    if (const auto name = freq_band(frequency)) band_ = *name;
+  }
+  const AdifCall call = adif_call(trim(line.cut(options_.layout.his_call)), options_);
+  append_field(out, "<call:", call.call);
+  append_field(out, "<QSO_DATE:", remove_all(line.cut(col_date), "-"), ":d>");
+  append_field(out, "<TIME_ON:", line.cut(col_time));
+  append_field(out, "<MODE:", adif_mode(line.cut(col_mode)));
+  append_field(out, "<BAND:", band_);
+  append_field(out, "<FREQ:", frequency_);
+  append_field(out, "<RST_SENT:", trim(line.cut(col_sent_rst)));
+  if (!call.comment.empty()) append_field(out, "<COMMENT:", call.comment);
   out.append("<EOR>");
 }
 
@@ -81,12 +84,12 @@ void write_adif(App& app, const AdifLayout& layout) {
   TextReader log{input.out_name};
   TextWriter out{input.adi_name};
   put_header(out);
+  AdifRecords records{options};
   std::string record;
-  std::string band;
   for (std::string_view line; log.next(line);) {
     if (!line.starts_with("QSO:")) continue;
     record.clear();
-    append_adif_record(line, options, band, record);
+    records.append(line, record);
     out.put(record);
     out.put("");
   }

@@ -3,8 +3,10 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/columns.h"
+#include "base/cp932.h"
 #include "core/app.h"
 
 namespace varnisto {
@@ -29,10 +31,25 @@ struct AdifCall {
 };
 AdifCall adif_call(std::string_view his_call, const AdifOptions& options);
 
-/// Appends to `out` the record of one Cabrillo QSO line. `band` is the ADIF band of the record before; a
-/// frequency outside the amateur bands keeps it. Lengths count the bytes that are written.
-void append_adif_record(std::string_view qso_line, const AdifOptions& options, std::string& band,
-                        std::string& out);
+/// Makes the records of one file, in the order of the log.
+class AdifRecords {
+ public:
+  explicit AdifRecords(AdifOptions options) : options_(std::move(options)) {}
+
+  /// Appends to `out` the record of one Cabrillo QSO line. A frequency outside the amateur bands keeps the
+  /// band of the record before. Lengths count the bytes that are written.
+  void append(std::string_view qso_line, std::string& out);
+
+ private:
+  void append_field(std::string& out, std::string_view start, std::string_view value,
+                    std::string_view end = ">");
+  std::size_t written_size(std::string_view text);
+
+  AdifOptions options_;
+  std::string frequency_, band_;  ///< of the record before
+  CodePage code_page_;
+  std::string bytes_;
+};
 
 /// Writes `adi_name` from the log that was written, its columns as `layout` says. Throws RunTimeError.
 void write_adif(App& app, const AdifLayout& layout);

@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(
                  " 11  29 0012 QX9DEFGHIJK599123456    599765432    765432    28  CW  1"},
         LineCase{"ends_behind_the_time", "QSO:  7000 CW 2025-11-29 0012",
                  " 11  29 0012                                7  CW  1"},
-        LineCase{"tag_alone", "QSO:", "            " + std::string(27, ' ') + "    .   1"}),
+        LineCase{"tag_alone", "QSO:", std::string(38, ' ') + ".   1"}),
     [](const auto& line) { return line.param.name; });
 
 struct BandCase {
