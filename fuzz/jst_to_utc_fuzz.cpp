@@ -6,11 +6,14 @@
 #include <string>
 
 #include "base/columns.h"
+#include "base/cp932.h"
 #include "cabrillo/jst_to_utc.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace varnisto;
-  const std::string before{reinterpret_cast<const char*>(data), size};
+  static CodePage code_page;  // opened once: that is the dear part
+  std::string before;
+  code_page.decode({reinterpret_cast<const char*>(data), size}, before);
   std::string after = before;
   const bool moved = J2U(after);
   const TextLine old_line{before}, new_line{after};

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "base/cp932.h"
 #include "base/fields.h"
 #include "base/text.h"
 #include "cabrillo/qtc_memo.h"
@@ -12,7 +13,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace varnisto;
-  const std::string line{reinterpret_cast<const char*>(data), size};
+  static CodePage code_page;  // opened once: that is the dear part
+  std::string line;
+  code_page.decode({reinterpret_cast<const char*>(data), size}, line);
   IncompleteMemos incomplete;
   std::string text, record, field;
   for_each_qtc(line, 2, incomplete, [&](const QtcMemo& memo) {

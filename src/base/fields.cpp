@@ -1,5 +1,7 @@
 #include "base/fields.h"
 
+#include <algorithm>
+
 #include "base/run_time_error.h"
 #include "base/text.h"
 
@@ -11,9 +13,9 @@ constexpr std::string_view two_quotes = "\"\"";
 
 /// Takes the text of a quoted field at the start of `rest`; returns where its closing quote stands.
 std::size_t take_quoted(std::string_view rest, std::string& field) {
-  field.clear();
   std::size_t begin = 1;
   std::size_t quote = rest.find('"', begin);
+  field.clear();
   while (quote != std::string_view::npos && rest.substr(quote, 2) == two_quotes) {
     field.append(rest.substr(begin, quote + 1 - begin));
     begin = quote + 2;
@@ -35,11 +37,14 @@ void append_quoted(std::string& line, std::string_view field) {
 }  // namespace
 
 bool take_field(std::string_view& rest, std::string& field) {
-  rest = trim_left(rest);
+  if (rest.starts_with(' ')) rest = trim_left(rest);
   std::size_t comma = std::string_view::npos;
   if (rest.starts_with('"')) {
     const std::size_t close = take_quoted(rest, field);
-    if (close != std::string_view::npos) comma = rest.find(',', close);
+    if (rest.substr(std::min(close, rest.size())).starts_with("\","))
+      comma = close + 1;
+    else if (close != std::string_view::npos)
+      comma = rest.find(',', close);
   } else {
     comma = rest.find(',');
     field = trim_right(rest.substr(0, comma));

@@ -28,18 +28,29 @@ class RecordReader {
 
   /// The next record; false at the end of the file. Throws RunTimeError 62 for half a record.
   bool next() {
-    std::string_view line;
-    if (!reader_.next(line)) return false;
-    for (std::size_t i = 0; i < n; ++i)
-      if (!take_field(line, fields_[i]) && i + 1 < n)
-        throw RunTimeError(RunTimeError::past_end, reader_.place());
+    if (!next_key()) return false;
+    take_rest();
     return true;
+  }
+  /// The same in two steps, for records that are wanted by their first field only.
+  bool next_key() {
+    if (!reader_.next(rest_)) return false;
+    more_ = take_field(rest_, fields_[0]);
+    return true;
+  }
+  void take_rest() {
+    for (std::size_t i = 1; i < n; ++i) {
+      if (!more_) throw RunTimeError(RunTimeError::past_end, reader_.place());
+      more_ = take_field(rest_, fields_[i]);
+    }
   }
 
   const std::string& operator[](std::size_t field) const { return fields_[field]; }
 
  private:
   TextReader reader_;
+  std::string_view rest_;  ///< of the current line
+  bool more_ = false;
   std::array<std::string, n> fields_;
 };
 

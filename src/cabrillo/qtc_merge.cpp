@@ -98,7 +98,7 @@ void make_key(std::string& key, std::string_view date, std::string_view time, ch
   key.append(place_width - std::min(digits.size(), place_width), '0').append(digits);
 }
 std::string_view place_of(std::string_view key) {
-  return right(key, place_width);
+  return key.substr(key.size() - std::min(key.size(), place_width));  // digits: bytes are characters
 }
 
 void move_to_utc(QsoRec& rec, const TextReader& log) {
@@ -179,8 +179,12 @@ void complete_memos(const Scratch& scratch, bool as_1800) {
   TextWriter out{scratch.qtcs};
   std::string record;
   while (memos.next()) {
-    while (place_of(qsos[qso_key]) != place_of(memos[memo_key]))
-      if (!qsos.next()) throw RunTimeError(RunTimeError::past_end, scratch.qsos);
+    if (place_of(qsos[qso_key]) != place_of(memos[memo_key])) {  // else a second memo of the same QSO
+      do {
+        if (!qsos.next_key()) throw RunTimeError(RunTimeError::past_end, scratch.qsos);
+      } while (place_of(qsos[qso_key]) != place_of(memos[memo_key]));
+      qsos.take_rest();
+    }
     const auto frequency = band_frequency(memos[memo_band], as_1800);
     record.clear();
     append_quoted_fields(
