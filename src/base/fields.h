@@ -11,8 +11,8 @@
 namespace varnisto {
 
 /// Reads one field after the other, over line ends. A field ends at a comma or at the line end; it may sit in
-/// double quotes, which are removed; blanks around an unquoted field are dropped. An empty line is one empty
-/// field.
+/// double quotes, which are removed (two in a row inside stand for one); blanks around an unquoted field are
+/// dropped. An empty line is one empty field.
 class FieldReader {
  public:
   explicit FieldReader(TextReader reader) : reader_(std::move(reader)) {}
@@ -40,7 +40,7 @@ class FieldReader {
 /// line.
 bool take_field(std::string_view& rest, std::string& field);
 
-/// One line of a scratch file: every field in double quotes, commas between them.
-std::string quoted_fields(std::initializer_list<std::string_view> fields);
+/// Appends one record of a scratch file: every field in double quotes, commas between them.
+void append_quoted_fields(std::string& line, std::initializer_list<std::string_view> fields);
 
 }  // namespace varnisto
