@@ -102,12 +102,15 @@ void get_power_all(App& app) {
   app.main.lblPower.text = "PWR: " + highest_text;
 }
 
-void select_power_of_log(App& app) {
-  const std::string& text = app.state.category.max_power_text;
-  if (text.empty()) return;
+std::optional<int> power_option_of(std::string_view power) {
+  if (power.empty()) return std::nullopt;
   constexpr int high = 0, low = 1, qrp = 2;
-  const double watts = power_value(text);
-  Option1_Click(app, watts <= 5 ? qrp : watts < 151 ? low : high);
+  const double watts = power_value(power);
+  return watts <= 5 ? qrp : watts < 151 ? low : high;
+}
+
+void select_power_of_log(App& app) {
+  if (const auto option = power_option_of(app.state.category.max_power_text)) Option1_Click(app, *option);
 }
 
 }  // namespace varnisto

@@ -138,6 +138,7 @@ struct CategoryState {
   bool transmitter_chosen = false;  ///< a transmitter was chosen in the selection dialog
   std::string overlay_key;          ///< key of the overlay list, e.g. "CQ-WPX-CW"
   std::string overlay_caller;       ///< the dialog that opened the overlay dialog
+  bool overlay_back = false;        ///< the overlay dialog was left by its return button
 };
 
 /// The QSO being written. A field that a line does not set keeps the value the previous line gave it.
