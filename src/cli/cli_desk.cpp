@@ -15,9 +15,10 @@ void CliDesk::say(std::string_view text, bool is_error) {
 }
 
 int CliDesk::message_box(const MessageBox& box) {
-  constexpr std::string_view title_blanks = "　";
-  const std::string title = remove_all(box.title, title_blanks);
-  say(title.empty() ? box.text : lines({title, box.text}), box.icon == Icon::critical);
+  constexpr std::string_view indent = "　";
+  std::string_view title = box.title;
+  while (title.starts_with(indent)) title.remove_prefix(indent.size());
+  say(title.empty() ? box.text : lines({title, "", box.text}), box.icon == Icon::critical);
   return 1;
 }
 

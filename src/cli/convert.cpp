@@ -28,11 +28,13 @@ void click_options(App& app, const DialogAnswers& answers) {
   if (answers.power) Option1_Click(app, *answers.power);
 }
 
-void open_log(App& app, const DialogAnswers& answers, const std::string& path) {
+/// Opens the log and, unless the input was refused, converts it.
+void open_and_convert(App& app, const DialogAnswers& answers, const std::string& path) {
   open_chosen_file(app, path);
-  if (app.state.input.in_err_flag == 1) throw Refusal(app.main.Text1.text);
+  if (app.state.input.in_err_flag == 1) return;
   if (app.state.input.in_kind.empty()) throw Refusal(path + ": *.all, *.zlo, *.txt, *.bin");
   if (!app.state.category.dialog_shown) click_options(app, answers);
+  kaishi_Click(app);
 }
 
 int status_of(const ActionResult& result) {
@@ -63,10 +65,10 @@ bool convert_log(const CliOptions& options, const std::string& program_folder, c
   App& app = session.app;
   if (!session.start(status)) return false;
   app.state.input.in_name = absolute_path(path);
-  const ActionResult result = run_action(app, [&] {
-    open_log(app, options.answers, app.state.input.in_name);
-    kaishi_Click(app);
-  });
+  ActionResult result =
+      run_action(app, [&] { open_and_convert(app, options.answers, app.state.input.in_name); });
+  if (result.kind == ActionResult::done && app.state.input.in_err_flag == 1)
+    result = {ActionResult::refused, 0, app.main.Text1.text};
   put_result(options, session, result, out);
   status = status_of(result);
   return true;

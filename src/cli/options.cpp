@@ -4,6 +4,8 @@
 #include <iterator>
 #include <ostream>
 
+#include "base/cp932.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "core/settings.h"
 #include "core/version.h"
@@ -93,6 +95,11 @@ SettingOverride parse_override(const std::string& text) {
   if (char_count(value) > longest_setting)
     throw CLI::ValidationError("the value of " + key + " has more than " + std::to_string(longest_setting) +
                                " characters");
+  try {
+    to_cp932(value);
+  } catch (const RunTimeError& error) {
+    throw CLI::ValidationError(key + ": " + error.what());
+  }
   return {key, value};
 }
 

@@ -53,6 +53,8 @@ void put_report(const App& app, const ActionResult& result, std::ostream& out) {
   put_field(out, "category", app.state.category.cat_summary);
   put_field(out, "score", std::to_string(app.state.tally.total_score));
   put_field(out, "QSOs", std::to_string(input.qsos_written));
+  if (input.lines_dropped > 0)
+    put_field(out, "left out", std::to_string(input.lines_dropped) + " (no received report)");
   for (const std::string& path : input.outputs) put_field(out, "written", path);
   for (const std::string& finding : app.state.display.check_findings) put_field(out, "finding", finding);
 }

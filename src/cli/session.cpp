@@ -36,7 +36,7 @@ Session::~Session() {
 bool Session::settings_allow_run(std::ostream& err) {
   const Settings& settings = app.state.settings;
   const bool found = app.state.program.cfg_loaded == 1;
-  if (found && settings.ini_version != program_version) {
+  if (!settings.ini_version.empty() && settings.ini_version != program_version) {
     err << program_folder_ << "Varnisto.ini: version " << settings.ini_version << ", expected "
         << program_version
         << "; \"varnisto-cli settings KEY=VALUE\" or the settings window brings it up to date\n";

@@ -86,6 +86,7 @@ struct InputState {
   std::string qlg_name;              ///< call sign & ".qlg": QTC log
   std::string out_name;              ///< the file that the writer produced
   std::int32_t qsos_written = 0;     ///< QSO lines in it
+  std::int32_t lines_dropped = 0;       ///< log lines that the contest's rule leaves out: no received report
   std::vector<std::string> outputs;  ///< every file written for this log, in order
 };
 
