@@ -1,6 +1,7 @@
 #include "gui/fonts.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 namespace varnisto {
 

@@ -59,6 +59,9 @@ struct QtDesk::Viewer {
   View view;
 };
 
+QtDesk::QtDesk() = default;
+QtDesk::~QtDesk() = default;
+
 bool QtDesk::show_main_window() {
   const RunEvent run_event = [this](const auto& event) { run(event); };
   auto form = std::make_unique<MainWindow>(*app_);

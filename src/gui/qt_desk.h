@@ -17,7 +17,8 @@ namespace varnisto {
 
 class QtDesk final : public QObject, public Desk {
  public:
-  QtDesk() = default;
+  QtDesk();
+  ~QtDesk() override;
 
   /// The program that the windows belong to; before anything is shown.
   void attach(App& app) { app_ = &app; }

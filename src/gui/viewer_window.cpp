@@ -69,7 +69,7 @@ void ViewerWindow::escape() {
 
 void ViewerWindow::copy_selected() {
   QModelIndexList rows = ui_.List1->selectionModel()->selectedRows();
-  std::ranges::sort(rows);
+  std::sort(rows.begin(), rows.end());
   QStringList texts;
   for (const QModelIndex& row : rows) texts += row.data().toString();
   QGuiApplication::clipboard()->setText(texts.join(QLatin1Char('\n')));
