@@ -177,24 +177,28 @@ void open_chosen_file(App& app, const std::string& path) {
   if (app.trace.armed()) close_debug_log(app);
 }
 
-void set_in_dir_Open_file(App& app, const std::string& title, const std::string& filter) {
-  app.trace.line("Public Sub set_in_dir_Open_file()");
-  app.state.contest.contest_line.clear();
-  app.state.contest.contest_name.clear();
+std::optional<std::string> ask_for_file(App& app, const std::string& title, const std::string& filter) {
   clear_text(app);
   app.main.lblShori.text.clear();
   const std::string& folder = app.state.settings.set_in_dir;
-  const auto path = app.desk.open_file_dialog({"　" + folder + title, filter, folder});
-  open_chosen_file(app, path.value_or(""));
+  return app.desk.open_file_dialog({"　" + folder + title, filter, folder});
+}
+
+bool set_in_dir_Open_file(App& app, const std::string& title, const std::string& filter) {
+  app.trace.line("Public Sub set_in_dir_Open_file()");
+  const auto path = ask_for_file(app, title, filter);
+  if (path) open_chosen_file(app, *path);
+  return path.has_value();
 }
 
 void open_chosen_cbr(App& app, const std::string& path) {
   InputState& input = app.state.input;
-  input.in_name = path;
+  input.in_name = input.in_name_save = path;
   app.main.lblIn.text = path;
   app.main.lblIn.color = Color::black;
   input.out_name = path.substr(0, path.find('.')) + "_c2z.txt";
   input.in_type = "cbr";
+  input.in_err_flag = 0;
   app.main.kaishi.enabled = true;
   show_text(app, lines({" ｚＬｏｇのｔｘｔ ", " " + input.out_name, " を作成します"}), Color::green);
   if (app.trace.armed() && has_folder(path)) close_debug_log(app);

@@ -74,6 +74,10 @@ void copy_file(const std::string& from, const std::string& to) {
   target.close();
 }
 
+void move_file(const std::string& from, const std::string& to) {
+  if (std::rename(find_file(from).value_or(from).c_str(), to.c_str()) != 0) throw_file_error(errno, from);
+}
+
 void delete_file(const std::string& path) {
   if (::unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) throw_file_error(errno, path);
 }

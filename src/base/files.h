@@ -19,6 +19,8 @@ bool file_exists(const std::string& path);
 
 /// Copies a file byte for byte through a fixed buffer; an existing target is replaced. Throws RunTimeError.
 void copy_file(const std::string& from, const std::string& to);
+/// Gives a file another name in the same file system; an existing target is replaced. Throws RunTimeError.
+void move_file(const std::string& from, const std::string& to);
 /// Deletes one file. A file that is not there is no error. Throws RunTimeError when the system refuses.
 void delete_file(const std::string& path);
 /// Deletes every file whose path is `prefix`, exactly one more character, and `suffix`. Finding none is no

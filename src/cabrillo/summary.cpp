@@ -139,11 +139,15 @@ std::string jidx_power_label(const App& app) {
   return "県No " + std::string{left(app.state.settings.jidx_no, 2)};
 }
 
-std::vector<std::string> category_line_words(std::string_view cat_text) {
+std::string join_assisted(std::string_view cat_text) {
   std::string text{cat_text};
   if (contains(to_upper(text), "ASSISTED"))
     text = replace_all(replace_all(text, "Single-op A", "Single-op-A"), "Single-op a", "Single-op-A");
-  return split(single_blanks(text), ' ');
+  return single_blanks(text);
+}
+
+std::vector<std::string> category_line_words(std::string_view cat_text) {
+  return split(join_assisted(cat_text), ' ');
 }
 
 std::int32_t score_value(std::string_view text, const std::string& where) {

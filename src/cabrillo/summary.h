@@ -26,6 +26,8 @@ void sep_space_zlog_zsm(App& app);
 /// words.
 void sep_space_cbr(App& app);
 
+/// A category text with an assisted "Single-op A" made one word and double blanks made one.
+std::string join_assisted(std::string_view cat_text);
 /// Words of a category text: an assisted "Single-op A" is one word, double blanks are one.
 std::vector<std::string> category_line_words(std::string_view cat_text);
 /// Whole number of a score text; thousands commas may be in it. Throws RunTimeError 13 naming `where` for any

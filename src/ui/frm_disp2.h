@@ -20,15 +20,14 @@ class frmDisp2 final : public AppForm {
   bool find_text(std::string_view text, Direction direction);
 
   const TextLines& lines() const { return lines_; }
-  std::size_t selected() const { return selected_; }  ///< line, from 0
+  std::optional<std::size_t> selected() const { return selected_; }  ///< line, from 0
   void select(std::size_t line) { selected_ = line; }
 
   MenuItem mnuBack;
 
  private:
   TextLines lines_;
-  std::size_t selected_ = 0;
-  bool found_ = false;
+  std::optional<std::size_t> selected_;
 };
 
 }  // namespace varnisto

@@ -67,8 +67,9 @@ class MainWindow final : public AppForm {
 
  private:
   void bind_events();
-  void open_log(std::string_view kind);
-  void edit(const std::string& file);
+  void open_log(std::string_view menu);
+  void open_path(const std::string& path);
+  void remember_opened();
   void refresh_menus();
   void show_recent_files();
 };

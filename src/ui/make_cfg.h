@@ -69,6 +69,8 @@ class Make_cfg final : public AppForm {
   void fill_islands();
   void show_island_option();
   void check_all();
+  bool texts_fit_file();
+  void take_fields();
 };
 
 /// A typed lower-case letter becomes its upper-case letter; other keys pass unchanged.
