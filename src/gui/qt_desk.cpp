@@ -149,8 +149,9 @@ std::optional<std::string> QtDesk::open_file_dialog(const OpenFileRequest& reque
 void QtDesk::show(FormName name) {
   refresh();
   Window window = make_window(name, *app_, parent_window(), [this](const auto& event) { run(event); });
-  if (topmost_.contains(name)) window.widget->setWindowFlag(Qt::WindowStaysOnTopHint);
+  if (app_->state.program.ending) throw ProgramEnd("a dialog failed");
   if (window.form->closed) return;
+  if (topmost_.contains(name)) window.widget->setWindowFlag(Qt::WindowStaysOnTopHint);
   if (window.modal)
     show_modal(std::move(window));
   else

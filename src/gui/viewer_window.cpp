@@ -54,7 +54,7 @@ void ViewerWindow::find(Direction direction) {
   const bool found = form_.find_text(ui_.find_text->text().toStdString(), direction);
   ui_.find_message->setText(found || ui_.find_text->text().isEmpty() ? QString{}
                                                                      : QStringLiteral("見つかりません"));
-  if (found) ui_.List1->setCurrentIndex(ui_.List1->model()->index(static_cast<int>(form_.selected()), 0));
+  if (found) ui_.List1->setCurrentIndex(ui_.List1->model()->index(static_cast<int>(*form_.selected()), 0));
 }
 
 /// Esc closes the find bar first, then the window.
