@@ -175,8 +175,10 @@ double numeric_value(std::string_view text) {
   }
   double value = 0;
   const auto result = std::from_chars(text.data() + start, text.data() + end, value);
-  if (result.ec == std::errc::result_out_of_range)
+  if (result.ec == std::errc::result_out_of_range) {
+    if (text.find_first_of("123456789") > text.find('.')) return 0;  // too small, not too large
     return text.starts_with('-') ? -largest_number : largest_number;
+  }
   return result.ec == std::errc{} ? value : 0;
 }
 

@@ -34,9 +34,12 @@ std::optional<std::string_view> find_code(const TitleCode (&codes)[n], std::stri
 
 void read_contest_name(App& app) {
   app.trace.line("Public Sub read_contest_name()");
-  auto& names = app.state.contest.contest_names;
+  read_contest_names(FieldReader{TextReader{app.state.program.app_dir + "contest_name.cfg"}},
+                     app.state.contest.contest_names);
+}
+
+void read_contest_names(FieldReader reader, std::vector<ContestName>& names) {
   names.clear();
-  FieldReader reader{TextReader{app.state.program.app_dir + "contest_name.cfg"}};
   while (auto title = reader.next()) {
     if (names.size() == most_contest_names) throw ListFileError(RunTimeError::bad_subscript, reader.place());
     ContestName record;

@@ -181,14 +181,17 @@ void sep_space_cbr(App& app) {
 
 void read_zlog_zsm(App& app) {
   app.trace.line("Public Sub read_zlog_zsm()");
+  read_summary(app, TextReader{app.state.input.zsm_use_name});
+  if (app.state.input.in_err_flag == 1) app.main.kaishi.enabled = false;
+}
+
+void read_summary(App& app, TextReader reader) {
   ContestState& contest = app.state.contest;
   app.state.category.cat_text.clear();
-  TextReader reader{app.state.input.zsm_use_name};
   std::string_view line = reader.must_next();
   contest.cont_id = contest.contest_name = contest.contest_line = trim(line);
   while (reader.next(line)) read_summary_line(app, line, reader.place());
   sep_space_zlog_zsm(app);
-  if (app.state.input.in_err_flag == 1) app.main.kaishi.enabled = false;
 }
 
 void show_summary(App& app) {

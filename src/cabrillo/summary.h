@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text_reader.h"
 #include "core/app.h"
 
 namespace varnisto {
@@ -18,6 +19,8 @@ void shori_zlog_all(App& app);
 /// RunTimeError 13 for a score that is no number, ProgramEnd when the category line has fewer than four
 /// words.
 void read_zlog_zsm(App& app);
+/// The same from an open file.
+void read_summary(App& app, TextReader reader);
 
 /// Splits the category text of the logger's summary into words and sets the category values; selects the
 /// operator option that the first word names. Throws ProgramEnd, after a message, with fewer than four words.

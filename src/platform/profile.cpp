@@ -38,10 +38,11 @@ std::string utf8_of_utf16(std::string_view bytes) {
   };
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
     char32_t c = unit(i);
-    if (c >= 0xD800 && c < 0xDC00 && i + 3 < bytes.size()) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (unit(i + 2) - 0xDC00);
+    const char32_t next = i + 3 < bytes.size() ? unit(i + 2) : 0;
+    if (c >= 0xD800 && c < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (next - 0xDC00);
       i += 2;
-    }
+    }  // half a pair alone stays what it is
     append_utf8(out, c);
   }
   return out;
