@@ -7,7 +7,9 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "gui/program.h"
@@ -38,7 +40,7 @@ inline void in_next_dialog(const std::function<void(QWidget& dialog)>& play) {
 /// The desktop program on a folder of its own.
 class GuiProgram {
  public:
-  explicit GuiProgram(const TempDir& folder) : folder_{folder} {
+  explicit GuiProgram(std::string folder) : folder_{std::move(folder)} {
     program_.desk.answer = [this](const MessageBox& box) {
       boxes.push_back(box);
       return 1;
@@ -48,7 +50,7 @@ class GuiProgram {
   }
 
   bool start() {
-    return program_.start([this] { return folder_.path(); });
+    return program_.start([this] { return folder_; });
   }
   QWidget& window() { return *program_.desk.main_window(); }
   App& app() { return program_.app; }
@@ -63,7 +65,7 @@ class GuiProgram {
   bool exited = false;                   ///< the main window was closed
 
  private:
-  const TempDir& folder_;
+  std::string folder_;
   SilentLauncher launcher_;
   Program program_{launcher_};
 };

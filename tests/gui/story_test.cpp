@@ -60,7 +60,7 @@ TEST(Story, FromFirstStartToTheNextDay) {
   work.copy_from(source_dir("examples") / "cqww-cw");
   const std::string log = work.path() + "QX1ABC.ALL";
   {
-    GuiProgram program{folder};
+    GuiProgram program{folder.path()};
     ASSERT_TRUE(program.start());
     EXPECT_TRUE(child<QPlainTextEdit>(program.window(), "Text1").toPlainText().contains("まだ作成されていません"));
     EXPECT_FALSE(menu_enabled(program, "mnuOpen_file"));
@@ -92,7 +92,7 @@ TEST(Story, FromFirstStartToTheNextDay) {
     EXPECT_TRUE(program.exited);
     EXPECT_FALSE(program.window().isVisible());
   }
-  GuiProgram program{folder};
+  GuiProgram program{folder.path()};
   ASSERT_TRUE(program.start());
   EXPECT_TRUE(child<QCheckBox>(program.window(), "Check9").isChecked());
   EXPECT_TRUE(child<QAction>(program.window(), "mnuRecent1").text().contains("QX1ABC.ALL"));
@@ -108,7 +108,7 @@ TEST(Story, LogWithoutSummaryAsksForTheContest) {
   fill_program_folder(folder);
   add_settings(folder);
   std::filesystem::copy(source_dir("examples") / "cqww-cw" / "QX1ABC.ALL", work.path() + "QX1ABC.ALL");
-  GuiProgram program{folder};
+  GuiProgram program{folder.path()};
   ASSERT_TRUE(program.start());
   program.next_file = work.path() + "QX1ABC.ALL";
   bool asked = false;
@@ -134,7 +134,7 @@ TEST(Story, FailureInADialogEndsTheProgramWithItsMessage) {
   TempDir folder;
   fill_program_folder(folder);
   add_settings(folder);
-  GuiProgram program{folder};
+  GuiProgram program{folder.path()};
   ASSERT_TRUE(program.start());
   std::filesystem::remove(folder.path() + "JA_iota.txt");  // after the start-up check
   program.menu("mnuMake");
@@ -149,7 +149,7 @@ TEST_P(Windows, HaveAWidgetForEveryControl) {
   TempDir folder;
   fill_program_folder(folder);
   add_settings(folder);
-  GuiProgram program{folder};
+  GuiProgram program{folder.path()};
   ASSERT_TRUE(program.start());
   EXPECT_EQ(program.desk().views().front()->binder().unbound(), std::vector<std::string>{});
   program.app().state.contest.cont_id = "CQ-WPX";
@@ -167,7 +167,7 @@ TEST(Viewer, FindsTextAndClosesWithItsMenu) {
   TempDir folder;
   fill_program_folder(folder);
   add_settings(folder);
-  GuiProgram program{folder};
+  GuiProgram program{folder.path()};
   ASSERT_TRUE(program.start());
   std::string text;
   for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + " 日本\n";
