@@ -202,7 +202,8 @@ bool Binder::bind(const std::string& name, CheckBox& control) {
 bool Binder::bind(const std::string& name, OptionGroup& control) {
   auto* box = widget<QGroupBox>(name);
   if (box == nullptr) return false;
-  if (box->layout() == nullptr) new QVBoxLayout(box);
+  auto* column = new QVBoxLayout(box);
+  column->addStretch();
   shows_.emplace_back([this, name, &control, box, buttons = std::vector<QAbstractButton*>{}]() mutable {
     show_options(name, *box, control, buttons);
   });
@@ -218,7 +219,7 @@ void Binder::show_options(const std::string& name, QGroupBox& box, OptionGroup& 
     const int index = static_cast<int>(buttons.size());
     auto* button = new QRadioButton(&box);
     button->setObjectName(QString::fromStdString(name) + QLatin1Char('_') + QString::number(index));
-    box.layout()->addWidget(button);
+    static_cast<QVBoxLayout*>(box.layout())->insertWidget(index, button);
     connect(button, &QRadioButton::clicked, this, [this, name, &control, index] {
       event([&] {
         control.selected = index;

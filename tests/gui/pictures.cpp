@@ -87,7 +87,7 @@ void conversion_pictures(const Stage& stage, const Camera& camera) {
   program.menu("mnuDisp2_out1");
   QWidget& viewer = program.last_window();
   child<QAction>(viewer, "action_find").trigger();
-  child<QLineEdit>(viewer, "find_text").setText(QStringLiteral("QW7"));
+  child<QLineEdit>(viewer, "find_text").setText(QStringLiteral("QC5KDD"));
   child<QAbstractButton>(viewer, "find_next").click();
   camera.take(viewer, "viewer");
   for (const auto& [menu, name] : {std::pair{"mnuWeb_URL", "web_links"}, std::pair{"mnuVer", "version"}}) {
@@ -105,6 +105,8 @@ void dialog_pictures(const Stage& stage, const Camera& camera) {
   program.next_file = stage.add_log("wpx-ssb-m2", "qx2def.all", false);
   fs::remove(stage.logs + "qx2def.zsm");
   in_next_dialog([&](QWidget& dialog) {
+    QListView& contests = child<QListView>(dialog, "List1");
+    contests.setCurrentIndex(contests.model()->index(2, 0));  // CQ WPX
     camera.take(dialog, "select_cont");
     in_next_dialog([&](QWidget& overlay) {
       child<QRadioButton>(overlay, "Option1_1").click();
