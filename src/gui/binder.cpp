@@ -255,15 +255,14 @@ bool Binder::bind(const std::string& name, ListBox& control) {
 }
 
 void Binder::bind_selection(const std::string& name, QListView& view, ListBox& control) {
-  connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          [this, name, &control, &view] {
-            const QModelIndexList rows = view.selectionModel()->selectedRows();
-            if (rows.isEmpty()) return;
-            event([&] {
-              control.selected = rows.front().row();
-              form_.click(name, control.selected);
-            });
-          });
+  connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, name, &control, &view] {
+    const QModelIndexList rows = view.selectionModel()->selectedRows();
+    if (rows.isEmpty()) return;
+    event([&] {
+      control.selected = rows.front().row();
+      form_.click(name, control.selected);
+    });
+  });
 }
 
 bool Binder::bind(const std::string& name, MenuItem& control) {

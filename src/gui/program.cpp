@@ -11,6 +11,12 @@
 #include "gui/fonts.h"
 #include "platform/program_folder.h"
 
+/// The icon lies in a static library, where nothing registers it by itself. The macro needs the global
+/// namespace.
+static void register_icon() {
+  Q_INIT_RESOURCE(varnisto);
+}
+
 namespace varnisto {
 namespace {
 
@@ -47,6 +53,7 @@ void warn_of_missing_font(QWidget* parent) {
 }  // namespace
 
 Program::Program(Launcher& launcher) : platform{profile, clock, sort, launcher} {
+  register_icon();
   desk.attach(app);
 }
 
@@ -66,9 +73,7 @@ int run_program(int argc, char* argv[]) {
   SystemLauncher launcher;
   Program program{launcher};
   if (!program.start([&] { return find_program_folder(arguments.app_dir); })) return exit_failed;
-  program.desk.on_exit = [&] {
-    QCoreApplication::exit(program.app.state.program.ending ? exit_failed : 0);
-  };
+  program.desk.on_exit = [&] { QCoreApplication::exit(program.app.state.program.ending ? exit_failed : 0); };
   QTimer::singleShot(0, program.desk.main_window(), [&] {
     warn_of_missing_font(program.desk.main_window());
     if (!arguments.log.empty()) program.desk.open_log(arguments.log);

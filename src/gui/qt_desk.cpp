@@ -116,8 +116,7 @@ void QtDesk::close_main() {
   for (const std::unique_ptr<Viewer>& viewer : viewers_) viewer->view.finish();
   main_view_->finish();
   if (!app_->state.program.ending)
-    run_action(*app_,
-               [&] { static_cast<MainWindow&>(*main_.form).keep_geometry(geometry.toStdString()); });
+    run_action(*app_, [&] { static_cast<MainWindow&>(*main_.form).keep_geometry(geometry.toStdString()); });
   if (on_exit) on_exit();
 }
 
@@ -168,8 +167,7 @@ void QtDesk::show_modal(Window window) {
 }
 
 void QtDesk::show_beside(Window window) {
-  viewers_.push_back(
-      std::make_unique<Viewer>(std::move(window), [this](const auto& event) { run(event); }));
+  viewers_.push_back(std::make_unique<Viewer>(std::move(window), [this](const auto& event) { run(event); }));
   View& view = viewers_.back()->view;
   views_.push_back(&view);
   view.window().show();

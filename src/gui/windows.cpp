@@ -63,7 +63,8 @@ Window link_page(App& app, QWidget* parent, const RunEvent& run) {
   Window window;
   auto widget = std::make_unique<LinkWindow>(parent);
   auto form = std::make_unique<frmWeb_URL>(app, *widget);
-  widget->on_link([run, &page = *form](const std::string& address) { run([&] { page.open_link(address); }); });
+  widget->on_link(
+      [run, &page = *form](const std::string& address) { run([&] { page.open_link(address); }); });
   form->load();
   window.widget = std::move(widget);
   window.form = std::move(form);

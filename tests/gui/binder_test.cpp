@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-
 #include <gtest/gtest.h>
 
 #include "gui/palette.h"
@@ -40,7 +39,8 @@ class OneOfEach final : public Form {
       on_click(named.name, [this, name = std::string{named.name}](int index) {
         events += "click " + name + " " + std::to_string(index) + ";";
       });
-      on_change(named.name, [this, name = std::string{named.name}](int) { events += "change " + name + ";"; });
+      on_change(named.name,
+                [this, name = std::string{named.name}](int) { events += "change " + name + ";"; });
     }
   }
   std::vector<NamedControl> controls() override {

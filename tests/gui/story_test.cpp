@@ -5,7 +5,6 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-
 #include <gtest/gtest.h>
 
 #include "gui_driver.h"
@@ -38,7 +37,7 @@ void fill_settings(QWidget& dialog) {
   const std::pair<const char*, const char*> boxes[] = {
       {"txtCall", "CALLSIGN"},   {"txtName", "NAME"},           {"txtAdd1", "ADDRESS1"},
       {"txtAdd2", "ADDRESS2"},   {"txtAdd3", "ADDRESS3"},       {"txtClub", "CLUB"},
-      {"txtJidx", "JIDX_No"},       {"txtOperators", "OPERATORS"}, {"txtMy_e_add", "e_mail"},
+      {"txtJidx", "JIDX_No"},    {"txtOperators", "OPERATORS"}, {"txtMy_e_add", "e_mail"},
       {"txtCom0", "COMMENTS_1"}, {"txtCom1", "COMMENTS_2"}};
   for (const auto& [box, key] : boxes) {
     SCOPED_TRACE(box);
@@ -62,7 +61,8 @@ TEST(Story, FromFirstStartToTheNextDay) {
   {
     GuiProgram program{folder.path()};
     ASSERT_TRUE(program.start());
-    EXPECT_TRUE(child<QPlainTextEdit>(program.window(), "Text1").toPlainText().contains("まだ作成されていません"));
+    EXPECT_TRUE(
+        child<QPlainTextEdit>(program.window(), "Text1").toPlainText().contains("まだ作成されていません"));
     EXPECT_FALSE(menu_enabled(program, "mnuOpen_file"));
 
     program.next_file = log;
