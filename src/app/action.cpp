@@ -29,7 +29,7 @@ ActionResult run_action(App& app, const std::function<void()>& action) {
   } catch (const NotAvailable& missing) {
     const std::string text = std::string{"not available yet: "} + missing.what();
     release_window(app, could_start);
-    message_box(app, {text, "", Icon::exclamation});
+    message_box(app, {text, "", Icon::critical});
     return {ActionResult::not_available, 0, text};
   } catch (const Refusal& refusal) {
     app.state.input.in_err_flag = 1;

@@ -1,6 +1,7 @@
 #pragma once
 // Opening an input log: its kind, every name derived from it, and the preparation step of its kind.
 
+#include <optional>
 #include <string>
 
 #include "core/app.h"
@@ -16,8 +17,12 @@ void FileOpen2(App& app);
 /// one and runs FileOpen2().
 void open_chosen_file(App& app, const std::string& path);
 
-/// Asks for a log with this dialog title and filter and opens what was chosen.
-void set_in_dir_Open_file(App& app, const std::string& title, const std::string& filter);
+/// Asks for a file with this dialog title and filter; nothing after Cancel. Clears the text box.
+std::optional<std::string> ask_for_file(App& app, const std::string& title, const std::string& filter);
+
+/// Asks for a log with this dialog title and filter and opens what was chosen. False after Cancel, which
+/// leaves the previous input as it is.
+bool set_in_dir_Open_file(App& app, const std::string& title, const std::string& filter);
 
 /// Takes a Cabrillo file as input for the way back to zLog text.
 void open_chosen_cbr(App& app, const std::string& path);

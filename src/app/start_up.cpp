@@ -40,12 +40,6 @@ void cut_test_version(Settings& settings) {
   settings.ini_version = settings.ini_version.substr(0, settings.ini_version.find('t'));
 }
 
-/// Before version 0.93 only the island's name was written.
-void apply_old_version(Settings& settings) {
-  cut_test_version(settings);
-  if (round_half_even(numeric_value(settings.ini_version) * 100) < 93) settings.iota_name_only = "1";
-}
-
 void find_settings(App& app) {
   ProgramState& program = app.state.program;
   program.cfg_missing = 0;
@@ -53,7 +47,6 @@ void find_settings(App& app) {
   if (app.platform.profile.exists(program.ini_name)) {
     program.ini_found = program.cfg_loaded = 1;
     read_settings(app);
-    apply_old_version(app.state.settings);
     return;
   }
   ++program.cfg_missing;
@@ -100,7 +93,7 @@ void check_settings(App& app) {
   const bool editor_ticked = app.main.Check1.checked;
   if (app.platform.profile.exists(ini_path(app))) {
     read_settings(app);
-    cut_test_version(app.state.settings);
+    settle_old_settings(app.state.settings);
     restore_options(app);
     app.main.Check1.checked = editor_ticked;
     app.state.program.settings_incomplete = missing_settings(app).empty() ? 0 : 1;
@@ -117,17 +110,15 @@ void check_settings(App& app) {
   }
 }
 
-void enable_by_files(App& app) {
-  const auto there = [](const std::string& path) { return has_folder(path) && file_exists(path); };
-  const InputState& input = app.state.input;
-  MainForm& main = app.main;
-  main.kaishi.enabled = there(input.in_name);
-  main.mnuDisp2_out1.enabled = there(input.cbr_name);
-  main.mnuDisp2_out2.enabled = there(input.adi_name);
-  main.mnuDisp2_out3.enabled = there(input.log_name);
-  main.mnuDisp2_Qtc.enabled = there(input.qlg_name);
-  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled = there(input.cbr_name) || there(input.log_name);
-  main.mnuZsm.enabled = there(input.zsm_use_name) || there(input.zsm_name);
+bool there(const std::string& path) {
+  return has_folder(path) && file_exists(path);
+}
+
+/// A window that loads again takes back what an earlier load blocked.
+void unblock(App& app) {
+  app.main.mnuOpen_file.enabled = true;
+  if (app.state.program.ini_missing_flag == 1) app.state.input.in_err_flag = 0;
+  app.state.program.ini_missing_flag = 0;
 }
 
 void show_kept_summary(App& app) {
@@ -143,6 +134,15 @@ void show_kept_summary(App& app) {
     label->color = color;
 }
 
+void count_run(App& app) {
+  std::string& exe_rec = app.state.settings.exe_rec;
+  const std::int16_t runs = to_i16(round_half_even(numeric_value(exe_rec)) + 1, "exe_rec");
+  if (runs % 10 == 0) message_box(app, {"たまには使用した感想などのレポート下さいね！", "", Icon::none});
+  exe_rec = signed_decimal(runs);
+}
+
+}  // namespace
+
 void show_input(App& app) {
   const InputState& input = app.state.input;
   if (app.state.program.cfg_missing != 0 && app.state.program.ini_found != 1)
@@ -153,14 +153,24 @@ void show_input(App& app) {
     Disp_in_name(app);
 }
 
-void count_run(App& app) {
-  std::string& exe_rec = app.state.settings.exe_rec;
-  const std::int16_t runs = to_i16(round_half_even(numeric_value(exe_rec)) + 1, "exe_rec");
-  if (runs % 10 == 0) message_box(app, {"たまには使用した感想などのレポート下さいね！", "", Icon::none});
-  exe_rec = signed_decimal(runs);
+void enable_outputs(App& app) {
+  const InputState& input = app.state.input;
+  MainForm& main = app.main;
+  main.mnuDisp2_out1.enabled = there(input.cbr_name);
+  main.mnuDisp2_out2.enabled = there(input.adi_name);
+  main.mnuDisp2_out3.enabled = there(input.log_name);
+  main.mnuDisp2_Qtc.enabled = there(input.qlg_name);
+  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled = there(input.cbr_name) || there(input.log_name);
+  main.mnuZsm.enabled = there(input.zsm_use_name) || there(input.zsm_name);
 }
 
-}  // namespace
+void settle_old_settings(Settings& settings) {
+  cut_test_version(settings);
+  if (is_blank(settings.op_iota_island)) settings.op_iota_island = "Honshu Island";
+  const double version = numeric_value(settings.ini_version);
+  constexpr double with_reference = 0.93;  // earlier versions wrote only the island's name
+  if (!settings.ini_version.empty() && version < with_reference) settings.iota_name_only = "1";
+}
 
 std::vector<std::string_view> required_files() {
   std::vector<std::string_view> names;
@@ -176,7 +186,7 @@ void Main(App& app, const std::string& program_folder) {
   program.this_year = std::to_string(app.platform.clock.now().tm_year + 1900);
   find_settings(app);
   check_required_files(app);
-  if (is_blank(app.state.settings.op_iota_island)) app.state.settings.op_iota_island = "Honshu Island";
+  settle_old_settings(app.state.settings);
 }
 
 void Form_Load(App& app) {
@@ -196,12 +206,15 @@ void Form_Load(App& app) {
     Disp_in_name(app);
   }
   main.cmdReSelect.enabled = has_folder(input.in_name);
+  unblock(app);
   show_input(app);
   load_editor_state(app);
   check_settings(app);
-  enable_by_files(app);
+  main.kaishi.enabled = input.in_err_flag != 1 && there(input.in_name);
+  enable_outputs(app);
   show_kept_summary(app);
-  main.mnuDebug.caption = main.mnuDebug_mode.caption = "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ OFF";
+  main.mnuDebug.caption = main.mnuDebug_mode.caption =
+      app.trace.debug_flag == 1 ? "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ ON" : "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ OFF";
   read_contest_name(app);
   read_email_add(app);
   read_category_assisted(app);

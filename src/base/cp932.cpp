@@ -57,6 +57,15 @@ void run(iconv_t converter, std::string_view& in, std::string& out) {
   }
 }
 
+/// Number of bytes that stand for no character at the start of `bytes`. A lead byte takes a second high byte
+/// with it: else that one would begin the next character, which may be written in another spelling, and the
+/// lead byte would make a new character with it.
+std::size_t invalid_size(std::string_view bytes) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+  const bool lead = (byte(0) >= 0x81 && byte(0) <= 0x9F) || (byte(0) >= 0xE0 && byte(0) <= 0xFC);
+  return lead && bytes.size() > 1 && byte(1) >= 0x80 && byte(1) <= 0xFC ? 2 : 1;
+}
+
 /// Length of the ASCII text in front of the first other byte.
 std::size_t ascii_prefix(std::string_view text) {
   std::size_t n = 0;
@@ -100,8 +109,9 @@ void CodePage::decode(std::string_view bytes, std::string& out) {
   while (!bytes.empty()) {
     run(open(true), bytes, out);
     if (bytes.empty()) return;
-    append_escape(out, static_cast<unsigned char>(bytes.front()));
-    bytes.remove_prefix(1);
+    const std::size_t size = invalid_size(bytes);
+    for (const char byte : bytes.substr(0, size)) append_escape(out, static_cast<unsigned char>(byte));
+    bytes.remove_prefix(size);
   }
 }
 

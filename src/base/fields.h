@@ -22,6 +22,11 @@ class FieldReader {
   /// The next field. Throws RunTimeError 62 at the end of the file.
   std::string must_next();
 
+  /// True when the field that was read last was the last one on its line.
+  bool at_line_end() const { return !more_on_line_; }
+  /// Passes over what the current line still holds.
+  void end_line() { more_on_line_ = false; }
+
   /// "path: line n" of the field that was read last.
   std::string place() const { return reader_.place(); }
 

@@ -67,6 +67,9 @@ bool file_exists(const std::string& path) {
 
 void copy_file(const std::string& from, const std::string& to) {
   FileHandle source = FileHandle::open_for_reading(from);
+  // A target that is a link to the source must not be emptied before it is read.
+  std::error_code failure;
+  if (fs::equivalent(from, to, failure)) delete_file(to);
   FileHandle target = FileHandle::create(to);
   std::array<char, buffer_size> buffer;
   while (const std::size_t count = source.read(buffer.data(), buffer.size()))
@@ -75,7 +78,7 @@ void copy_file(const std::string& from, const std::string& to) {
 }
 
 void move_file(const std::string& from, const std::string& to) {
-  if (std::rename(from.c_str(), to.c_str()) != 0) throw_file_error(errno, to);
+  if (std::rename(find_file(from).value_or(from).c_str(), to.c_str()) != 0) throw_file_error(errno, from);
 }
 
 void delete_file(const std::string& path) {

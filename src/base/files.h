@@ -19,8 +19,7 @@ bool file_exists(const std::string& path);
 
 /// Copies a file byte for byte through a fixed buffer; an existing target is replaced. Throws RunTimeError.
 void copy_file(const std::string& from, const std::string& to);
-/// Puts the file `from` in the place of `to` in one step, so that a reader sees the old file or the new one.
-/// Both lie on the same file system. Throws RunTimeError.
+/// Gives a file another name in the same file system; an existing target is replaced. Throws RunTimeError.
 void move_file(const std::string& from, const std::string& to);
 /// Deletes one file. A file that is not there is no error. Throws RunTimeError when the system refuses.
 void delete_file(const std::string& path);

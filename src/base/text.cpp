@@ -96,9 +96,10 @@ std::string_view mid(std::string_view text, std::size_t first, std::size_t n) {
 }
 
 void append_left_aligned(std::string& out, std::string_view text, std::size_t n) {
-  const std::string_view kept = left(text, n);
+  const bool ascii = is_ascii(text);
+  const std::string_view kept = ascii ? text.substr(0, n) : left(text, n);
   out.append(kept);
-  const std::size_t width = char_count(kept);
+  const std::size_t width = ascii ? kept.size() : char_count(kept);
   if (width < n) out.append(n - width, ' ');
 }
 
@@ -175,8 +176,10 @@ double numeric_value(std::string_view text) {
   }
   double value = 0;
   const auto result = std::from_chars(text.data() + start, text.data() + end, value);
-  if (result.ec == std::errc::result_out_of_range)
+  if (result.ec == std::errc::result_out_of_range) {
+    if (text.find_first_of("123456789") > text.find('.')) return 0;  // too small, not too large
     return text.starts_with('-') ? -largest_number : largest_number;
+  }
   return result.ec == std::errc{} ? value : 0;
 }
 

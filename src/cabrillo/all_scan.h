@@ -1,6 +1,9 @@
 #pragma once
 // Scans of a zLog text log that guess the category: modes, bands, power.
 
+#include <optional>
+#include <string_view>
+
 #include "core/app.h"
 
 namespace varnisto {
@@ -16,8 +19,11 @@ void get_mode_band_all(App& app);
 /// Finds the highest sent power of an ARRL DX log ("K" counts as 1000): `max_power_text`, shown in the power
 /// label.
 void get_power_all(App& app);
-/// Selects the power option that `max_power_text` stands for: up to 5 W QRP, below 151 W LOW, else HIGH.
-/// Without a power in the log the selection stays.
+/// The power option (0 HIGH, 1 LOW, 2 QRP) that a sent power stands for: up to 5 W QRP, below 151 W LOW, else
+/// HIGH. Nothing for an empty text.
+std::optional<int> power_option_of(std::string_view power);
+/// Selects the main window's power option that `max_power_text` stands for. Without a power in the log the
+/// selection stays.
 void select_power_of_log(App& app);
 
 /// `mode_sel` from the QSOs of a log by mode.

@@ -70,27 +70,11 @@ std::string summary_text(SummaryForm form, const CategoryWords& words) {
 /// The band word by the band counts, overruled by a band that a scan or the dialog has set.
 void set_band_word(App& app) {
   CategoryState& category = app.state.category;
-  const auto& rows = app.state.tally.band_tally;
-  const auto worked = [](const BandTally& row) { return row.qso_cnt > 0; };
-  const bool one_band = std::ranges::count_if(rows, worked) == 1;
-  const auto index = one_band ? std::ranges::find_if(rows, worked) - rows.begin() + 1 : 0;
-  category.band_word = band_table.at(static_cast<std::size_t>(index)).summary_word;
+  const auto only_band = only_band_worked(app.state.tally);
+  category.band_word = band_table.at(only_band ? *only_band + 1 : 0).summary_word;
   if (!category.band_sel_known) return;
   category.band_word = band_word_of(category.band_sel);
   category.cat_band = cabrillo_band_of(category.band_sel);
-}
-
-/// The mode of the log by its mode counts: "CW", "PH", "RY", "FM", or "Mixed".
-std::string_view counted_mode(const TallyState& tally) {
-  struct ModeCount {
-    std::int16_t count;
-    std::string_view mode;
-  };
-  const ModeCount counts[] = {
-      {tally.cw_count, "CW"}, {tally.ssb_count, "PH"}, {tally.rty_count, "RY"}, {tally.fm_count, "FM"}};
-  const auto used = [](const ModeCount& row) { return row.count > 0; };
-  return std::ranges::count_if(counts, used) == 1 ? std::ranges::find_if(counts, used)->mode
-                                                  : std::string_view{"Mixed"};
 }
 
 void set_mode_word(App& app) {
@@ -110,7 +94,7 @@ void set_mode_word(App& app) {
 /// `cont_id` from the title; returns the title.
 std::string set_contest_code(App& app) {
   ContestState& contest = app.state.contest;
-  const std::string title = app.state.input.in_kind == "zlog_zlo" ? contest.zlo_title : contest.contest_name;
+  std::string title = app.state.input.in_kind == "zlog_zlo" ? contest.zlo_title : contest.contest_name;
   contest.cont_id = title;
   if (!contains(app.state.input.in_kind, "ccc"))
     map_title_to_code(app);
@@ -119,13 +103,36 @@ std::string set_contest_code(App& app) {
   return title;
 }
 
-std::string jidx_score_text(const TallyState& tally) {
+}  // namespace
+
+std::string_view operator_text_of(int index) {
+  return operator_texts.at(static_cast<std::size_t>(index));
+}
+
+std::optional<std::size_t> only_band_worked(const TallyState& tally) {
+  const auto& rows = tally.band_tally;
+  const auto worked = [](const BandTally& row) { return row.qso_cnt > 0; };
+  if (std::ranges::count_if(rows, worked) != 1) return std::nullopt;
+  return static_cast<std::size_t>(std::ranges::find_if(rows, worked) - rows.begin());
+}
+
+std::string_view counted_mode(const TallyState& tally) {
+  struct ModeCount {
+    std::int16_t count;
+    std::string_view mode;
+  };
+  const ModeCount counts[] = {
+      {tally.cw_count, "CW"}, {tally.ssb_count, "PH"}, {tally.rty_count, "RY"}, {tally.fm_count, "FM"}};
+  const auto used = [](const ModeCount& row) { return row.count > 0; };
+  return std::ranges::count_if(counts, used) == 1 ? std::ranges::find_if(counts, used)->mode
+                                                  : std::string_view{"Mixed"};
+}
+
+std::string score_detail_of(const TallyState& tally) {
   return std::to_string(tally.total_score) + " " + std::to_string(tally.qsos_total) + "-" +
          std::to_string(tally.points_total) + "-" +
          std::to_string(std::int64_t{tally.multi1_total} + tally.multi2_total);
 }
-
-}  // namespace
 
 std::string_view cabrillo_band_of(std::int16_t band_sel) {
   return band_table.at(static_cast<std::size_t>(band_sel)).cabrillo;
@@ -161,7 +168,7 @@ void apply_jidx(App& app, std::string_view operator_cat, const CategoryWords& wo
   state.category.cat_summary = state.category.jidx_category;
   state.contest.cont_id = trim(words.mode) == "CW" ? "JIDX-CW" : "JIDX-PH";
   state.contest.contest = state.contest.cont_id;
-  state.tally.score_detail = jidx_score_text(state.tally);
+  state.tally.score_detail = score_detail_of(state.tally);
 }
 
 void set_category_cbr(App& app) {
@@ -169,8 +176,7 @@ void set_category_cbr(App& app) {
   ContestState& contest = app.state.contest;
   CategoryState& category = app.state.category;
   if (contest.select_from != "za2c_zsm") {
-    category.operator_cat =
-        operator_texts.at(static_cast<std::size_t>(std::max(app.main.Option3.selected, 0)));
+    category.operator_cat = operator_text_of(std::max(app.main.Option3.selected, 0));
     category.power_cat = power_word_of(std::max(app.main.Option1.selected, 0));
   }
   set_band_word(app);

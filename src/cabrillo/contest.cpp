@@ -34,15 +34,24 @@ std::optional<std::string_view> find_code(const TitleCode (&codes)[n], std::stri
 
 void read_contest_name(App& app) {
   app.trace.line("Public Sub read_contest_name()");
-  auto& names = app.state.contest.contest_names;
+  read_contest_names(FieldReader{TextReader{app.state.program.app_dir + "contest_name.cfg"}},
+                     app.state.contest.contest_names);
+}
+
+void read_contest_names(FieldReader reader, std::vector<ContestName>& names) {
   names.clear();
-  FieldReader reader{TextReader{app.state.program.app_dir + "contest_name.cfg"}};
+  const auto next_on_line = [&] {  // a record is one line
+    if (reader.at_line_end()) throw ListFileError(RunTimeError::past_end, reader.place());
+    return reader.must_next();
+  };
   while (auto title = reader.next()) {
+    if (title->empty() && reader.at_line_end()) continue;  // an empty line
     if (names.size() == most_contest_names) throw ListFileError(RunTimeError::bad_subscript, reader.place());
     ContestName record;
     record.title = *std::move(title);
-    record.code = next_of_record(reader);
-    record.note = next_of_record(reader);
+    record.code = next_on_line();
+    record.note = next_on_line();
+    reader.end_line();
     names.push_back(std::move(record));
   }
 }

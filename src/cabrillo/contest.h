@@ -4,7 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/fields.h"
 #include "core/app.h"
 
 namespace varnisto {
@@ -16,6 +18,8 @@ inline constexpr std::size_t most_contest_names = 50;
 /// file order. Throws RunTimeError 53 (file missing) or ListFileError 9 (a 51st record) or 62 (half a
 /// record); the records read before stay.
 void read_contest_name(App& app);
+/// The same from an open file.
+void read_contest_names(FieldReader reader, std::vector<ContestName>& names);
 /// Reads the list afresh; the first record whose title occurs in `cont_id` replaces it by the record's code.
 /// No match leaves `cont_id` as it is.
 void get_contest_name(App& app);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text_reader.h"
 #include "core/app.h"
 
 namespace varnisto {
@@ -18,6 +19,8 @@ void shori_zlog_all(App& app);
 /// RunTimeError 13 for a score that is no number, ProgramEnd when the category line has fewer than four
 /// words.
 void read_zlog_zsm(App& app);
+/// The same from an open file.
+void read_summary(App& app, TextReader reader);
 
 /// Splits the category text of the logger's summary into words and sets the category values; selects the
 /// operator option that the first word names. Throws ProgramEnd, after a message, with fewer than four words.
@@ -26,6 +29,8 @@ void sep_space_zlog_zsm(App& app);
 /// words.
 void sep_space_cbr(App& app);
 
+/// A category text with an assisted "Single-op A" made one word and double blanks made one.
+std::string join_assisted(std::string_view cat_text);
 /// Words of a category text: an assisted "Single-op A" is one word, double blanks are one.
 std::vector<std::string> category_line_words(std::string_view cat_text);
 /// Whole number of a score text; thousands commas may be in it. Throws RunTimeError 13 naming `where` for any

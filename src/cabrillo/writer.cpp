@@ -84,23 +84,24 @@ QsoLineContext line_context(const App& app) {
   return context;
 }
 
-/// Writes every QSO from `line` to the end of the log; returns how many lines that made.
-std::int32_t put_qsos(App& app, TextReader& log, std::string_view line, bool rtty, LineSink& out) {
+/// Writes every QSO from `line` to the end of the log and counts what was written and what the contest leaves
+/// out.
+void put_qsos(App& app, TextReader& log, std::string_view line, bool rtty, LineSink& out) {
   const QsoLineContext context = line_context(app);
   const AllOptions options = all_options(app, rtty);
   QsoFormatter* const format = formatter_for(app.state.contest.cont_id);
+  InputState& input = app.state.input;
+  input.qsos_written = input.lines_dropped = 0;
   QsoRec& rec = app.state.qso;
   rec = QsoRec{};
   std::string text;
-  std::int32_t written = 0;
   do {
     if (!holds_qso(line)) continue;
     parse_all_line(TextLine{line}, options, rec);
-    if (!format(context, line, rec, text)) continue;
-    out.put(text);
-    ++written;
+    const bool wanted = format(context, line, rec, text);
+    if (wanted) out.put(text);
+    ++(wanted ? input.qsos_written : input.lines_dropped);
   } while (log.next(line));
-  return written;
 }
 
 /// The menus and buttons that lead to the new output.
@@ -122,7 +123,7 @@ void print(App& app, const Plan& plan) {
   TextWriter out{input.out_name};
   app.main.mnu_mc.caption = file_part(input.out_name);
   put_cbr_header(app, out);
-  input.qsos_written = put_qsos(app, log, line, plan.rtty, out);
+  put_qsos(app, log, line, plan.rtty, out);
   out.put("END-OF-LOG:");
   out.close();
   input.outputs.push_back(input.out_name);

@@ -49,6 +49,8 @@ class Desk {
   virtual std::optional<std::string> open_file_dialog(const OpenFileRequest& request) = 0;
   /// Opens a dialog or a viewer. A dialog returns when it is closed.
   virtual void show(FormName form) = 0;
+  /// Keeps a dialog above all other windows, or no longer; it applies to the dialog's next showing too.
+  virtual void set_topmost(FormName /*form*/, bool /*on*/) {}
   /// The main window's text box got this text; an empty one clears it.
   virtual void text_shown(std::string_view text, Color color) = 0;
   /// The mouse pointer: hourglass during a conversion.

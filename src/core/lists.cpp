@@ -32,10 +32,12 @@ void read_email_add(App& app) {
   app.trace.line("Public Sub read_email_add()");
   const std::string path = app.state.program.app_dir + "e_mail_add.cfg";
   count_lines(app, path);
-  auto& records = app.state.lists.mail_adds;
+  read_mail_addresses(FieldReader{TextReader{path}}, app.state.display.line_count, app.state.lists.mail_adds);
+}
+
+void read_mail_addresses(FieldReader reader, std::int32_t line_count, std::vector<MailAddress>& records) {
   records.clear();
-  FieldReader reader{TextReader{path}};
-  for (std::int32_t i = 1; i < app.state.display.line_count; ++i) {
+  for (std::int32_t i = 1; i < line_count; ++i) {
     MailAddress record;
     record.key = next_of_record(reader);
     record.address = next_of_record(reader);
@@ -52,8 +54,11 @@ const MailAddress* find_mail_address(const App& app, std::string_view contest) {
 
 void read_category_assisted(App& app) {
   app.trace.line("Public Sub read_category_assisted()");
-  TextReader reader{app.state.program.app_dir + "category-assisted.txt"};
-  auto& contests = app.state.lists.assisted_conts;
+  read_assisted_contests(TextReader{app.state.program.app_dir + "category-assisted.txt"},
+                         app.state.lists.assisted_conts);
+}
+
+void read_assisted_contests(TextReader reader, std::vector<AssistedContest>& contests) {
   contests.clear();
   for (std::string_view line; reader.next(line);) {
     if (line.starts_with(';')) continue;

@@ -1,8 +1,10 @@
 #pragma once
 // The list files in the program folder that carry per-contest knowledge and that the user edits.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/fields.h"
 #include "base/run_time_error.h"
@@ -21,6 +23,8 @@ std::string next_of_record(FieldReader& reader);
 /// Reads e_mail_add.cfg (contest key, address) into `mail_adds`: as many records as the file has line breaks,
 /// so a last line without one is not read. Throws RunTimeError 53 or ListFileError.
 void read_email_add(App& app);
+/// The same from an open file with this line count; the records before an error stay in `records`.
+void read_mail_addresses(FieldReader reader, std::int32_t line_count, std::vector<MailAddress>& records);
 /// The first record whose key occurs in this CONTEST value; null when there is none. An empty key occurs in
 /// every value.
 const MailAddress* find_mail_address(const App& app, std::string_view contest);
@@ -28,6 +32,8 @@ const MailAddress* find_mail_address(const App& app, std::string_view contest);
 /// Reads category-assisted.txt (CONTEST value, flag; lines that begin with ";" are comments) into
 /// `assisted_conts`. Throws RunTimeError 53 or ListFileError (no comma, flag no number).
 void read_category_assisted(App& app);
+/// The same from an open file; the entries before an error stay in `contests`.
+void read_assisted_contests(TextReader reader, std::vector<AssistedContest>& contests);
 /// 1 when the header of the current contest gets a CATEGORY-ASSISTED line; 1 too for a contest that is not
 /// listed.
 std::int16_t assisted_flag(const App& app);

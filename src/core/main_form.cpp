@@ -4,6 +4,8 @@ namespace varnisto {
 
 MainForm::MainForm() {
   lblIn_.text = "入力ﾌｧｲﾙ名 ：";
+  kaishi.caption = "開始";
+  owari.caption = "終了";
   kaishi.tip = "ﾌﾟﾛｸﾞﾗﾑの実行を開始する";
   kaishi.enabled = false;
   owari.tip = "ﾌﾟﾛｸﾞﾗﾑを終了します";
@@ -36,6 +38,27 @@ MainForm::MainForm() {
   Check8.caption = "WAEDC のQTC を CBR に追加記入する。";
   Check9.caption = "e-mail Subject は*.cbr と同じにする";
 
+  mnuOpen_file.caption = "ﾌｧｲﾙ";
+  mnuRecent.caption = "最近使ったﾌｧｲﾙ";
+  mnuCFG.caption = "環境";
+  mnuMake.caption = "ｉｎｉ 作成";
+  mnuDisp.caption = "表示";
+  mnuDisp2_.caption = "ﾛｸﾞ";
+  mnu_edit.caption = "編集";
+  mnuWeb.caption = "Web";
+  mnuHelp.caption = "ﾍﾙﾌﾟ";
+  mnuDispHelp.caption = "ﾍﾙﾌﾟの表示";
+  mnuVESTRA.caption = "VESTRA";
+  mnuARRL.caption = "ARRL";
+  mnuCQWW.caption = "CQWW";
+  mnuWAEDC.caption = "WAEDC";
+  mnuAA.caption = "All Asian DX";
+  mnuJIDX.caption = "JIDX";
+  mnuCabrillo.caption = "Cabrillo";
+  mnuzLog.caption = "zLog";
+  mnuHamlog.caption = "Hamlog";
+  mnuKOVRIN.caption = "KOVRIN";
+  mnuWeb_URL.caption = "Web URL";
   mnuOpen_all.caption = "開く ＊．all";
   mnuOpen_zlo.caption = "開く ＊．zlo";
   mnuOpen_txt.caption = "開く ＊．txt";

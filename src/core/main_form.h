@@ -1,6 +1,8 @@
 #pragma once
 // The main window's controls as data. Routines of every layer set them, whether a window shows them or not.
 
+#include <array>
+
 #include "core/controls.h"
 
 namespace varnisto {
@@ -20,11 +22,15 @@ struct MainForm {
   OptionGroup Option3;  ///< operator: SINGLE-OP .. CHECKLOG
   CheckBox Check1, Check2, Check3, Check4, Check5, Check6, Check7, Check8, Check9;
   MenuItem mnuOpen_file, mnuOpen_all, mnuOpen_zlo, mnuOpen_txt, mnuOpen_bin, mnuOpen_cbr;
+  MenuItem mnuRecent;                    ///< submenu of the logs opened last
+  std::array<MenuItem, 8> mnuRecent_in;  ///< its entries, newest first; captions are paths
   MenuItem mnuCFG, mnuMake;
   MenuItem mnuDisp, mnuDisp2_, mnuDisp2_in, all_Disp_z2a, txt_Disp_c2t, mnuDisp2_out1, mnuDisp2_out3,
       mnuDisp2_out2, mnuDisp2_Qtc;
   MenuItem mnuZsm, zsm_Disp_zsm, zsm_Disp_za2c, zsm_Disp_zz2c, zsm_Disp_ct2c, zsm_Disp_cb2c;
   MenuItem mnu_edit, mnu_mc, mnu_contest_name, mnu_email_add;
+  MenuItem mnuVESTRA, mnuARRL, mnuCQWW, mnuWAEDC, mnuAA, mnuJIDX, mnuCabrillo, mnuzLog, mnuHamlog, mnuKOVRIN,
+      mnuWeb_URL;
   MenuItem mnuWeb, mnuHelp, mnuVer, mnuDispHelp, mnuDebug, mnuDebug_mode;
 };
 

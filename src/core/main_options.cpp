@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "base/text.h"
 #include "core/settings.h"
@@ -96,6 +97,7 @@ void reset_power(App& app) {
   if (app.main.Option1.selected < 0) return;
   apply_power(app, app.main.Option1.selected);
   app.state.category.cat_power = app.state.category.power_cat;
+  write_current_settings(app);
 }
 
 void Op1_Chk(App& app) {
@@ -134,6 +136,11 @@ void Varnisto_op3_color_0(App& app) {
   app.main.Option3.color_all(Color::black);
 }
 
+void store_check_box(App& app, int number) {
+  const FlagBox& pair = flag_boxes[number - 1];
+  app.state.settings.*pair.flag = (app.main.*pair.box).checked ? "1" : "0";
+}
+
 void restore_options(App& app) {
   app.trace.line("Public Sub restore_options()");
   Settings& settings = app.state.settings;
@@ -145,7 +152,8 @@ void restore_options(App& app) {
 void save_options(App& app) {
   app.trace.line("Public Sub save_options()");
   Settings& settings = app.state.settings;
-  for (const FlagBox& pair : flag_boxes) settings.*pair.flag = (app.main.*pair.box).checked ? "1" : "0";
+  for (int number = 1; number <= static_cast<int>(std::size(flag_boxes)); ++number)
+    store_check_box(app, number);
   if (app.main.Option1.selected >= 0) settings.power_sel = std::to_string(app.main.Option1.selected);
   if (app.main.Option3.selected >= 0) settings.operator_sel = std::to_string(app.main.Option3.selected);
 }

@@ -24,6 +24,9 @@ void Option3_Check(App& app);
 void op3_chk(App& app);
 void Varnisto_op3_color_0(App& app);
 
+/// Puts check box `number` (1 to 9) into its settings flag.
+void store_check_box(App& app, int number);
+
 /// Fills check boxes and option groups from the settings; the options with the effects of a click on them.
 void restore_options(App& app);
 /// Puts check boxes and option groups into the settings.

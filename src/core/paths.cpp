@@ -18,19 +18,6 @@ std::size_t cp932_size(std::string_view text) {
   return to_cp932(text, Unmappable::question_mark).size();
 }
 
-/// The longest beginning of whole characters that needs at most `limit` bytes of code page 932.
-std::string_view cp932_prefix(std::string_view text, std::size_t limit) {
-  std::size_t used = 0;
-  std::size_t pos = 0;
-  while (pos < text.size()) {
-    const std::size_t size = left(text.substr(pos), 1).size();
-    used += cp932_size(text.substr(pos, size));
-    if (used > limit) break;
-    pos += size;
-  }
-  return text.substr(0, pos);
-}
-
 bool is_existing_path(const std::string& path) {
   return has_folder(path) && file_exists(path);
 }
@@ -53,6 +40,18 @@ bool has_folder(std::string_view path) {
 
 std::string with_suffix(std::string_view path, std::string_view ext, std::string_view suffix) {
   return replace_all(path, "." + std::string{ext}, suffix);
+}
+
+std::string_view cp932_prefix(std::string_view text, std::size_t limit) {
+  std::size_t used = 0;
+  std::size_t pos = 0;
+  while (pos < text.size()) {
+    const std::size_t size = left(text.substr(pos), 1).size();
+    used += cp932_size(text.substr(pos, size));
+    if (used > limit) break;
+    pos += size;
+  }
+  return text.substr(0, pos);
 }
 
 std::string shorten_path(std::string_view text, std::size_t limit) {

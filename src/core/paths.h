@@ -25,6 +25,9 @@ bool has_folder(std::string_view path);
 /// The path with every occurrence of "." & `ext` replaced by `suffix` (e.g. "_z2a.all").
 std::string with_suffix(std::string_view path, std::string_view ext, std::string_view suffix);
 
+/// The longest beginning of whole characters that needs at most `limit` bytes of code page 932.
+std::string_view cp932_prefix(std::string_view text, std::size_t limit);
+
 /// Shortens a path for display to `limit` bytes of code page 932: its beginning, "...", separator and file
 /// name, with every blank as "_". A character that the cut would divide is left out. A text within the limit
 /// stays as it is.

@@ -120,6 +120,19 @@ std::string setting_value(const Settings& settings, const SettingKey& key) {
   return key.as_held ? value : std::string{trim(value)};
 }
 
+bool set_setting(Settings& settings, std::string_view key, const std::string& value) {
+  for (const SettingKey& known : keys) {
+    if (!equal_ignoring_case(known.key, key) || known.key == key_version) continue;
+    if (known.member)
+      settings.*known.member = value;
+    else
+      settings.jidx_no_disp_flag = whole_number(value, std::string{key});
+    settings.mycall14 = pad_right(trim(settings.mycall), 14);
+    return true;
+  }
+  return false;
+}
+
 std::string ini_path(const App& app) {
   return app.state.program.app_dir + "Varnisto.ini";
 }

@@ -27,6 +27,9 @@ std::span<const SettingKey> setting_keys();
 /// The text that `write_settings` writes for a key.
 std::string setting_value(const Settings& settings, const SettingKey& key);
 
+/// Sets the setting of a key (the case of its name does not matter). False when there is no such key.
+bool set_setting(Settings& settings, std::string_view key, const std::string& value);
+
 /// Path of the settings file and of the legacy file.
 std::string ini_path(const App& app);
 std::string legacy_path(const App& app);

@@ -24,6 +24,7 @@ struct ProgramState {
   std::int16_t settings_incomplete = 0;  ///< 1 when a required setting is blank
   std::int16_t ini_missing_flag = 0;     ///< 1 when the user must make the INI first
   std::int16_t editor_on = 0;            ///< 1 while the editor check box is ticked
+  bool ending = false;                   ///< an action failed for good: every window closes
 };
 
 /// The settings, one member a key of Varnisto.ini; see settings.cpp for the keys.
@@ -85,6 +86,7 @@ struct InputState {
   std::string qlg_name;              ///< call sign & ".qlg": QTC log
   std::string out_name;              ///< the file that the writer produced
   std::int32_t qsos_written = 0;     ///< QSO lines in it
+  std::int32_t lines_dropped = 0;    ///< log lines that the contest's rule leaves out: no received report
   std::vector<std::string> outputs;  ///< every file written for this log, in order
 };
 
@@ -102,8 +104,10 @@ struct ContestState {
   std::string contest_name;   ///< title from the summary or chosen in the selection dialog
   std::string contest_line;   ///< title line of the summary, for display
   std::string select_from;    ///< "zlog_zsm": the logger's summary; "za2c_zsm", "zz2c_zsm": the program's own
-  std::string zlo_title;      ///< title in the header of a ZLO log
-  std::string ccc_cont_type;  ///< contest type of a CCC log, "ARRLD...", "CQWPX...", ...
+  std::string select_caller;  ///< which summary the selection dialog was last opened for, e.g. "za2c_zsm"
+  std::int16_t iota_flag = 0;              ///< 1 while the current contest is an IOTA contest
+  std::string zlo_title;                   ///< title in the header of a ZLO log
+  std::string ccc_cont_type;               ///< contest type of a CCC log, "ARRLD...", "CQWPX...", ...
   std::vector<ContestName> contest_names;  ///< contest_name.cfg, in file order
 };
 
@@ -120,6 +124,7 @@ struct CategoryState {
   std::string band_word;        ///< band word of `cat_summary`
   std::string power_cat;        ///< power word: "HIGH", "LOW", "QRP"
   std::string mode_word;        ///< mode word with its trailing blank: "SSB ", "CW ", "RTY ", ...
+  std::string zsm_mode;         ///< mode that the logger's Category line names: "SSB", "CW", or ""
   std::string dialog_mode;      ///< mode chosen in the selection dialog: "Mixed", "PH", "CW", "RTY"
   std::string qso_band;         ///< band text of the selection dialog: "ALL", "1.9", ... "28"
   std::string jidx_category;    ///< JIDX category code, e.g. "7L"
@@ -136,6 +141,7 @@ struct CategoryState {
   bool transmitter_chosen = false;  ///< a transmitter was chosen in the selection dialog
   std::string overlay_key;          ///< key of the overlay list, e.g. "CQ-WPX-CW"
   std::string overlay_caller;       ///< the dialog that opened the overlay dialog
+  bool overlay_back = false;        ///< the overlay dialog was left by its return button
 };
 
 /// The QSO being written. A field that a line does not set keeps the value the previous line gave it.

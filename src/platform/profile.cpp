@@ -38,10 +38,11 @@ std::string utf8_of_utf16(std::string_view bytes) {
   };
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
     char32_t c = unit(i);
-    if (c >= 0xD800 && c < 0xDC00 && i + 3 < bytes.size()) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (unit(i + 2) - 0xDC00);
+    const char32_t next = i + 3 < bytes.size() ? unit(i + 2) : 0;
+    if (c >= 0xD800 && c < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (next - 0xDC00);
       i += 2;
-    }
+    }  // half a pair alone stays what it is
     append_utf8(out, c);
   }
   return out;
@@ -84,6 +85,12 @@ std::optional<std::string_view> section_of(std::string_view line) {
   const std::string_view text = strip(line);
   if (!text.starts_with('[')) return std::nullopt;
   return strip(text.substr(1, text.find(']') - 1));
+}
+
+/// A value is one line.
+void refuse_line_break(std::string_view key, std::string_view value) {
+  if (value.find_first_of(std::string_view{"\r\n\0", 3}) != std::string_view::npos)
+    throw RunTimeError(RunTimeError::bad_argument, std::string{key} + "=" + std::string{value});
 }
 
 /// The key's name when this line sets one.
@@ -146,8 +153,7 @@ std::string ProfileText::get(std::string_view section, std::string_view key) con
 }
 
 void ProfileText::set(std::string_view section, std::string_view key, std::string_view value) {
-  if (value.find_first_of(std::string_view{"\r\n\0", 3}) != std::string_view::npos)
-    throw RunTimeError(RunTimeError::bad_argument, std::string{key} + "=" + std::string{value});
+  refuse_line_break(key, value);
   const Place place = find(section, key);
   if (place.key_line) {
     std::string& line = lines_[*place.key_line];
@@ -203,6 +209,11 @@ void FileProfile::set(const std::string& path, std::span<const ProfileEntry> ent
   stamp_ = {};
 }
 
+bool OverlayProfile::exists(const std::string& path) {
+  return std::ranges::find(written_, path, &std::pair<std::string, ProfileEntry>::first) != written_.end() ||
+         below_.exists(path);
+}
+
 std::string OverlayProfile::get(const std::string& path, std::string_view section, std::string_view key) {
   const auto hit = std::ranges::find_if(written_, [&](const auto& written) {
     return written.first == path && equal_ignoring_case(written.second.section, section) &&
@@ -213,6 +224,7 @@ std::string OverlayProfile::get(const std::string& path, std::string_view sectio
 
 void OverlayProfile::set(const std::string& path, std::span<const ProfileEntry> entries) {
   for (const ProfileEntry& entry : entries) {
+    refuse_line_break(entry.key, entry.value);
     std::erase_if(written_, [&](const auto& written) {
       return written.first == path && equal_ignoring_case(written.second.section, entry.section) &&
              equal_ignoring_case(written.second.key, entry.key);

@@ -4,17 +4,26 @@
 
 namespace varnisto {
 
-void Form::run(const Routines& routines, std::string_view name, int index) {
+void Form::run_named(const Routines& routines, std::string_view name, int index) {
   const auto hit = std::ranges::find(routines, name, &Routines::value_type::first);
-  if (hit != routines.end()) hit->second(index);
+  if (hit == routines.end()) return;
+  run([&] { hit->second(index); });
+}
+
+void Form::load() {
+  run([this] { Form_Load(); });
 }
 
 void Form::click(std::string_view name, int index) {
-  run(clicks_, name, index);
+  run_named(clicks_, name, index);
 }
 
 void Form::change(std::string_view name) {
-  run(changes_, name, 0);
+  run_named(changes_, name, 0);
+}
+
+std::string Form::typed(std::string_view, std::string_view text) const {
+  return std::string{text};
 }
 
 }  // namespace varnisto

@@ -34,11 +34,17 @@ class Form {
   /// Every control that a view shows.
   virtual std::vector<NamedControl> controls() = 0;
 
+  /// What the window does when it opens. A view calls load(), once, before it shows the window.
+  virtual void Form_Load() {}
+  void load();
+
   /// The user clicked a control: button, menu entry, check box (already toggled), option or list entry number
   /// `index` (already selected).
   void click(std::string_view name, int index = 0);
   /// The user changed the text of a text box (already stored).
   void change(std::string_view name);
+  /// What a text that was typed or pasted into this text box becomes.
+  virtual std::string typed(std::string_view name, std::string_view text) const;
 
   /// The control of this name, as type T; null when there is none.
   template <class T>
@@ -55,9 +61,12 @@ class Form {
   void on_click(std::string_view name, Routine routine) { clicks_.emplace_back(name, std::move(routine)); }
   void on_change(std::string_view name, Routine routine) { changes_.emplace_back(name, std::move(routine)); }
 
+  /// Every event routine runs through here, so that a form can put its error trap around them.
+  virtual void run(const std::function<void()>& action) { action(); }
+
  private:
   using Routines = std::vector<std::pair<std::string, Routine>>;
-  static void run(const Routines& routines, std::string_view name, int index);
+  void run_named(const Routines& routines, std::string_view name, int index);
 
   Routines clicks_;
   Routines changes_;

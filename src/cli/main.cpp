@@ -1,0 +1,18 @@
+// How one zLog text log becomes a Cabrillo file:
+//   cli/options.cpp           arguments                                        -> CliOptions
+//   cli/convert.cpp           one log after the other, each with a fresh state
+//   app/open_input.cpp        kind of log and every output name                -> App
+//   cabrillo/summary.cpp      the logger's summary: contest, category, score   -> App
+//   app/driver.cpp            the run: writer, steps that options ask for, second copy, check
+//   cabrillo/writer.cpp       header (header.cpp), then for each line of the log
+//   cabrillo/all_line.cpp       one fixed-column line                          -> QsoRec
+//   cabrillo/qso_line.cpp       the contest's "QSO: " line                     -> .cbr, .log
+//   app/checker.cpp           blank values and columns                         -> findings
+//   cli/report.cpp            what was done                                    -> standard output
+#include <iostream>
+
+#include "cli/run_cli.h"
+
+int main(int argc, char* argv[]) {
+  return varnisto::run_cli({argv + 1, argv + argc}, std::cout, std::cerr);
+}

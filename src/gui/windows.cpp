@@ -1,0 +1,104 @@
+#include "gui/windows.h"
+
+#include <QDialog>
+#include <algorithm>
+#include <utility>
+
+#include "gui/link_window.h"
+#include "gui/main_frame.h"
+#include "gui/viewer_window.h"
+#include "ui/frm_overlay.h"
+#include "ui/frm_ver.h"
+#include "ui/make_cfg.h"
+#include "ui/select_cont.h"
+#include "ui_frm_overlay.h"
+#include "ui_frm_ver.h"
+#include "ui_make_cfg.h"
+#include "ui_select_cont.h"
+
+namespace varnisto {
+namespace {
+
+/// A dialog whose Esc key closes it like its frame does.
+class FormDialog final : public QDialog {
+ public:
+  using QDialog::QDialog;
+  void reject() override { close(); }
+};
+
+template <class Ui>
+Window shown_by(std::unique_ptr<Form> form, QWidget* parent) {
+  Window window;
+  window.form = std::move(form);
+  auto widget = std::make_unique<FormDialog>(parent);
+  Ui ui;
+  ui.setupUi(widget.get());
+  window.widget = std::move(widget);
+  return window;
+}
+
+template <class FormType, class Ui>
+Window dialog(App& app, QWidget* parent, const RunEvent&) {
+  auto form = std::make_unique<FormType>(app);
+  form->load();
+  return shown_by<Ui>(std::move(form), parent);
+}
+
+/// A dialog whose form loads itself when it is made.
+template <class FormType, class Ui>
+Window loaded_dialog(App& app, QWidget* parent, const RunEvent&) {
+  return shown_by<Ui>(std::make_unique<FormType>(app), parent);
+}
+
+Window viewer(App& app, QWidget* parent, const RunEvent&) {
+  Window window;
+  auto form = std::make_unique<frmDisp2>(app);
+  form->load();
+  window.widget = std::make_unique<ViewerWindow>(*form, qobject_cast<QDialog*>(parent));
+  window.form = std::move(form);
+  return window;
+}
+
+Window link_page(App& app, QWidget* parent, const RunEvent& run) {
+  Window window;
+  auto widget = std::make_unique<LinkWindow>(parent);
+  auto form = std::make_unique<frmWeb_URL>(app, *widget);
+  widget->on_link(
+      [run, &page = *form](const std::string& address) { run([&] { page.open_link(address); }); });
+  form->load();
+  window.widget = std::move(widget);
+  window.form = std::move(form);
+  return window;
+}
+
+struct WindowKind {
+  FormName name;
+  Window (*make)(App&, QWidget* parent, const RunEvent&);
+  const char* close_control;
+  bool modal;
+};
+constexpr WindowKind kinds[] = {
+    {FormName::select_cont, loaded_dialog<SelectCont, Ui::select_cont>, "", true},
+    {FormName::frmOVERLAY, loaded_dialog<FrmOverlay, Ui::frmOVERLAY>, "cmdBack", true},
+    {FormName::Make_cfg, dialog<Make_cfg, Ui::Make_cfg>, "cmdBack", true},
+    {FormName::frmDisp2, viewer, "mnuBack", false},
+    {FormName::frmWeb_URL, link_page, "mnuMain", true},
+    {FormName::frmVer, dialog<frmVer, Ui::frmVer>, "cmdOK", true},
+};
+
+}  // namespace
+
+Window make_window(FormName name, App& app, QWidget* parent, const RunEvent& run) {
+  const auto* kind = std::ranges::find(kinds, name, &WindowKind::name);
+  if (kind == std::end(kinds)) throw NotAvailable("dialog");
+  Window window = kind->make(app, parent, run);
+  window.close_control = kind->close_control;
+  window.modal = kind->modal;
+  return window;
+}
+
+std::unique_ptr<QWidget> make_main_window(MainWindow& form, const RunEvent& run) {
+  return std::make_unique<MainFrame>(form, run);
+}
+
+}  // namespace varnisto

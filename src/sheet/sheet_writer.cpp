@@ -1,0 +1,220 @@
+#include "sheet/sheet_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "base/cp932.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "base/text_reader.h"
+#include "cabrillo/category.h"
+#include "core/paths.h"
+#include "core/settings.h"
+
+namespace varnisto {
+namespace {
+
+/// A column of the band table: where it begins, what its rows and its total show.
+struct SheetColumn {
+  std::size_t stop;
+  std::int16_t BandTally::*counter;
+  std::int32_t TallyState::*total;
+};
+constexpr std::size_t column_width = 5, score_width = 10;
+
+constexpr SheetColumn general_columns[] = {{14, &BandTally::qso_cnt, &TallyState::qsos_total},
+                                           {24, &BandTally::pts_sum, &TallyState::points_total},
+                                           {34, &BandTally::mult1_cnt, &TallyState::multi1_total},
+                                           {44, &BandTally::mult2_cnt, &TallyState::multi2_total}};
+constexpr SheetColumn waedc_columns[] = {{14, &BandTally::pts_sum, &TallyState::points_total},
+                                         {24, &BandTally::qtc_cnt, &TallyState::qtcs_total},
+                                         {34, &BandTally::mult1_cnt, &TallyState::multi1_total}};
+
+struct SheetVariant {
+  std::string_view heading;
+  std::span<const SheetColumn> columns;
+  std::size_t score_stop;
+  bool prefixes = false;  ///< the number of prefixes follows the totals
+};
+constexpr SheetVariant general_variant{"MHz           QSOs    Points    Multis",
+                                       std::span{general_columns}.first(3), 15};
+constexpr SheetVariant cqww_variant{"MHz           QSOs    Points    Zones  Countries",
+                                    std::span{general_columns}, 15};
+constexpr SheetVariant cqwpx_variant{"MHz           QSOs    Points", std::span{general_columns}.first(2), 16,
+                                     true};
+constexpr SheetVariant waedc_variant{"MHz           QSOs     QTCs    Mult(*bonus)", waedc_columns, 16};
+
+constexpr std::array<std::string_view, band_count> band_labels = {"1.9", "3.5", "7  ", "14 ", "21 ", "28 "};
+
+constexpr std::string_view declaration[] = {
+    "", "This is to certify that in this contest I have operated my transmitter",
+    "within the limitations of my license and have fully observed the",
+    "rules and regulations of the contest.", ""};
+
+/// Continues at column `stop` with a number, right-aligned in `width`.
+void put_at(std::string& line, std::size_t stop, std::int64_t value, std::size_t width) {
+  line = pad_right(line, stop - 1) + pad_left(std::to_string(value), width);
+}
+
+void put_table(const TallyState& tally, const SheetVariant& variant, SheetText& sheet) {
+  sheet.put(variant.heading);
+  for (std::size_t band = 0; band < band_count; ++band) {
+    std::string line{band_labels.at(band)};
+    for (const SheetColumn& column : variant.columns)
+      put_at(line, column.stop, tally.band_tally.at(band).*column.counter, column_width);
+    sheet.put(line);
+  }
+  std::string totals = "Total : ";
+  for (const SheetColumn& column : variant.columns)
+    put_at(totals, column.stop, tally.*column.total, column_width);
+  sheet.put(totals);
+  if (variant.prefixes)
+    sheet.put("Total prefixes:  " + pad_left(std::to_string(tally.multi1_total), column_width));
+  std::string score = "Total score : ";
+  put_at(score, variant.score_stop, tally.total_score, score_width);
+  sheet.put(score);
+}
+
+/// Everything down to the score line.
+SheetText sheet_head(const App& app, const SheetVariant& variant) {
+  SheetText sheet;
+  sheet.put(sheet_title(app));
+  sheet.put("");
+  sheet.put("Call sign: " + std::string{trim(app.state.settings.mycall)});
+  sheet.put("");
+  sheet.put("Category: " + app.state.category.zsm_category);
+  sheet.put("");
+  put_table(app.state.tally, variant, sheet);
+  return sheet;
+}
+
+void write_variant(App& app, const SheetVariant& variant) {
+  SheetText sheet = sheet_head(app, variant);
+  make_za2c_zsm_etc(app, sheet);
+}
+
+void refresh_call(App& app) {
+  if (file_exists(ini_path(app))) get_call_from_cfg(app);
+}
+
+bool holds_comment(std::string_view line) {
+  return contains(line, "SOAPBOX=") || contains(line, "SOAPBOX:");
+}
+
+/// The settings that stand behind call sign and club make the name and address lines. True when one of them
+/// was a comment.
+bool put_name_and_address(const Settings& settings, SheetText& sheet) {
+  constexpr std::size_t first = 3, count = 5;  // OPERATORS, NAME, ADDRESS1 to ADDRESS3
+  bool commented = false;
+  for (const SettingKey& key : setting_keys().subspan(first, count)) {
+    const std::string line = std::string{key.key} + "=" + setting_value(settings, key);
+    const auto lines_of_key = sheet_lines_of_setting(line);
+    commented = commented || (!lines_of_key.empty() && holds_comment(line));
+    for (const std::string& text : lines_of_key) sheet.put(text);
+  }
+  return commented;
+}
+
+/// The sheet goes to the generated name; it never replaces the logger's own summary.
+void choose_sheet_name(App& app) {
+  InputState& input = app.state.input;
+  zsm_disp_chk(app);  // derives the generated names
+  if (input.zsm_use_name != input.zsm_name) return;
+  struct GeneratedName {
+    std::string_view in_kind;
+    std::string InputState::*name;
+  };
+  constexpr GeneratedName names[] = {{"zlog_all", &InputState::za2c_name},
+                                     {"zlog_zlo", &InputState::zz2c_name},
+                                     {"ccc_txt", &InputState::ct2c_name},
+                                     {"ccc_bin", &InputState::cb2c_name}};
+  for (const GeneratedName& row : names)
+    if (row.in_kind == input.in_kind) input.zsm_use_name = input.zsm_send_name = input.*row.name;
+}
+
+std::string cont_name_path(const App& app) {
+  return app.state.program.app_dir + "cont_name.txt";
+}
+
+}  // namespace
+
+std::string sheet_title(const App& app) {
+  if (app.state.input.in_kind == "zlog_zlo") return app.state.contest.zlo_title;
+  if (app.state.input.in_kind == "zlog_all") return app.state.contest.contest_name;
+  throw NotAvailable("CCC");
+}
+
+std::vector<std::string> sheet_lines_of_setting(std::string_view line) {
+  if (contains(line, "OPERATORS=")) return {};
+  struct KeyText {
+    std::string_view key, text;
+  };
+  constexpr KeyText texts[] = {{"NAME:", "Name :  "},       {"NAME=", "Name :  "},
+                               {"ADDRESS1=", "Address : "}, {"ADDRESS1:", "Address : "},
+                               {"ADDRESS2:", "          "}, {"ADDRESS3:", "          "},
+                               {"ADDRESS2=", "          "}, {"ADDRESS3=", "          "},
+                               {"SOAPBOX=", "Comment :  "}, {"SOAPBOX:", "Comment :  "}};
+  std::vector<std::string> result;
+  if (contains(line, "ADDRESS1=") || contains(line, "ADDRESS1:")) result.emplace_back();
+  std::string text{line};
+  for (const KeyText& row : texts) text = replace_all(text, row.key, row.text);
+  result.push_back(std::move(text));
+  return result;
+}
+
+void make_za2c_zsm(App& app) {
+  app.trace.line("Public Sub make_za2c_zsm()");
+  refresh_call(app);
+  write_variant(app, general_variant);
+}
+
+void make_za2c_zsm_CQWW(App& app) {
+  app.trace.line("Public Sub make_za2c_zsm_CQWW()");
+  app.state.tally.score_detail = score_detail_of(app.state.tally);
+  write_variant(app, cqww_variant);
+}
+
+void make_za2c_zsm_CQWPX(App& app) {
+  app.trace.line("Public Sub make_za2c_zsm_CQWPX()");
+  write_variant(app, cqwpx_variant);
+}
+
+void make_za2c_zsm_WAEDC(App& app) {
+  app.trace.line("Public Sub make_za2c_zsm_WAEDC()");
+  write_variant(app, waedc_variant);
+}
+
+void Make_zlo2_za2c_zsm2(App& app) {
+  app.trace.line("Public Sub Make_zlo2_za2c_zsm2()");
+  if (!file_exists(cont_name_path(app))) write_cont_name(app, "contest");
+  app.state.contest.contest_name = TextReader{cont_name_path(app)}.must_next();
+  refresh_call(app);
+  write_variant(app, general_variant);
+}
+
+void make_za2c_zsm_etc(App& app, SheetText& sheet) {
+  app.trace.line("Public Sub make_za2c_zsm_etc()");
+  for (const std::string_view line : declaration) sheet.put(line);
+  const bool commented = put_name_and_address(app.state.settings, sheet);
+  sheet.put("");
+  sheet.put("mail to : " + std::string{trim(app.state.settings.e_mail)});
+  if (!commented) {
+    sheet.put("");
+    sheet.put("Comment :   Tnx nice contest");
+  }
+  sheet.put("");
+
+  choose_sheet_name(app);
+  const std::string& name = app.state.input.zsm_use_name;
+  replace_file(name, to_cp932(sheet.text()));
+  auto& outputs = app.state.input.outputs;
+  if (std::ranges::find(outputs, name) == outputs.end()) outputs.push_back(name);
+  zsm_disp_chk(app);
+}
+
+void write_cont_name(const App& app, std::string_view name) {
+  replace_file(cont_name_path(app), to_cp932(std::string{name} + "\r\n"));
+}
+
+}  // namespace varnisto

@@ -1,0 +1,42 @@
+#pragma once
+// The overlay category dialog of CQ WPX.
+
+#include "core/app.h"
+#include "ui/form.h"
+
+namespace varnisto {
+
+/// Window frmOVERLAY. Constructing it loads it: the offers for the contest's mode are listed.
+class FrmOverlay final : public Form {
+ public:
+  /// Throws ListFileError 62 for an empty OVERLAY.txt or half a record, RunTimeError 53 when it is missing.
+  explicit FrmOverlay(App& app);
+
+  OptionGroup Option1;  ///< 0: no overlay, 1: claim one (Frame1)
+  ListBox List1;        ///< the overlay categories offered; visible with option 1
+  Label Label1;         ///< the choice
+  Button cmdOK, cmdBack;
+
+  std::vector<NamedControl> controls() override;
+
+  void Form_Load();
+  void Op1_Chk();
+  void Option1_Click();
+  void List1_Click();
+  void cmdOK_Click();
+  /// Leaves without an overlay and sets `overlay_back`: the dialog below stays open.
+  void cmdBack_Click();
+
+ private:
+  void read_offers();
+
+  App& app_;
+};
+
+/// True when this contest title or code is CQ WPX.
+bool is_cq_wpx(std::string_view cont_id);
+/// Key of OVERLAY.txt for a contest and a mode ("CW", "PH" or "SSB"; others leave the mode out); "" for
+/// contests other than CQ WPX.
+std::string overlay_key_of(std::string_view cont_id, std::string_view mode);
+
+}  // namespace varnisto

@@ -1,0 +1,151 @@
+#include "base/files.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "base/fields.h"
+#include "base/text_reader.h"
+#include "base/text_writer.h"
+#include "support/errors.h"
+#include "support/temp_dir.h"
+
+namespace varnisto::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Strings = std::vector<std::string>;
+using namespace std::literals;
+
+Strings all_lines(TextReader reader) {
+  Strings lines;
+  for (std::string_view line; reader.next(line);) lines.emplace_back(line);
+  EXPECT_EQ(reader.line_number(), lines.size());
+  return lines;
+}
+
+struct LinesCase {
+  std::string bytes;
+  Strings lines;
+};
+
+class Lines : public testing::TestWithParam<LinesCase> {};
+
+TEST_P(Lines, AreTheSameFromFileAndMemory) {
+  TempDir dir;
+  const std::string path = dir.write("log.all", GetParam().bytes);
+  EXPECT_EQ(all_lines(TextReader{path}), GetParam().lines);
+  EXPECT_EQ(all_lines(TextReader::from_bytes(GetParam().bytes)), GetParam().lines);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ends, Lines,
+    testing::Values(LinesCase{"", {}}, LinesCase{"a\r\nb\r\n", {"a", "b"}}, LinesCase{"a\nb", {"a", "b"}},
+                    LinesCase{"a\r\n\r\n\n", {"a", "", ""}}, LinesCase{"a\rb\r", {"a\rb"}},
+                    LinesCase{"a\r\nb\x1A"
+                              "c\r\nd",
+                              {"a", "b"}},
+                    LinesCase{"a\n\x1A\nb", {"a"}}, LinesCase{"a\0b\n"s, {"a\0b"s}},
+                    LinesCase{"\x95\x5C\r\n", {"表"}},
+                    LinesCase{std::string(65535, 'x') + "\r\ny", {std::string(65535, 'x'), "y"}},
+                    LinesCase{std::string(65536, 'x') + "\ny\n", {std::string(65536, 'x'), "y"}},
+                    LinesCase{"s\n" + std::string(300000, 'x'), {"s", std::string(300000, 'x')}}));
+
+TEST(TextReader, OpensFilesOfAnyCaseAndSaysWhatItCannotOpen) {
+  TempDir dir;
+  dir.write("QX1ABC.ALL", "upper");
+  EXPECT_EQ(all_lines(TextReader{dir.path() + "qx1abc.all"}), Strings{"upper"});
+  dir.write("qx1abc.all", "exact");
+  EXPECT_EQ(all_lines(TextReader{dir.path() + "qx1abc.all"}), Strings{"exact"});
+  EXPECT_EQ(error_of([&] { TextReader{dir.path() + "none.all"}; }), 53);
+  EXPECT_EQ(error_of([&] { TextReader{dir.path() + "none/x.all"}; }), 53);
+  EXPECT_EQ(error_of([&] { TextReader{dir.path() + "qx1abc.all/x"}; }), 76);
+  EXPECT_EQ(error_of([&] { TextReader{dir.path()}; }), 75);
+  EXPECT_EQ(error_of([&] { TextReader{"/dev/zero"}; }), 75);
+  EXPECT_EQ(error_of([&] { TextReader{dir.path() + "a\0b"s}; }), 52);
+  EXPECT_EQ(error_of([] { TextReader::from_bytes("").must_next(); }), 62);
+}
+
+TEST(TextWriter, EndsLinesWithCrLfAndKeepsOrderAroundFlushes) {
+  TempDir dir;
+  const std::string longer(70000, 'x');
+  TextWriter writer{dir.path() + "out"};
+  for (const std::string_view line : {"表A"sv, std::string_view{longer}, ""sv}) writer.put(line);
+  writer.close();
+  EXPECT_EQ(dir.read("out"),
+            "\x95\x5C"
+            "A\r\n" +
+                longer + "\r\n\r\n");
+}
+
+TEST(TextWriter, AWriteThatFailsIsAnError) {
+  TempDir dir;
+  TextWriter full{"/dev/full"};
+  full.put("x");
+  EXPECT_EQ(error_of([&] { full.close(); }), 61);
+  EXPECT_EQ(error_of([&] { TextWriter{dir.path() + "none/out"}; }), 76);
+  EXPECT_EQ(error_of([&] { TextWriter{dir.path()}; }), 75);
+  TextWriter writer{dir.path() + "out"};
+  EXPECT_EQ(error_of([&] { writer.put("\u20AC"); }), 5);
+}
+
+struct FieldsCase {
+  std::string text;
+  Strings fields;
+};
+
+class Fields : public testing::TestWithParam<FieldsCase> {};
+
+TEST_P(Fields, AreReadOverLineEnds) {
+  FieldReader reader{TextReader::from_bytes(GetParam().text)};
+  Strings fields;
+  while (auto field = reader.next()) fields.push_back(*field);
+  EXPECT_EQ(fields, GetParam().fields);
+  EXPECT_EQ(error_of([&] { reader.must_next(); }), 62);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, Fields,
+    testing::Values(FieldsCase{"a,b\nc", {"a", "b", "c"}}, FieldsCase{" a , b \n", {"a", "b"}},
+                    FieldsCase{"\"a, b\" ,c", {"a, b", "c"}}, FieldsCase{"\" a \"", {" a "}},
+                    FieldsCase{"a,\nb", {"a", "", "b"}}, FieldsCase{"\n\n", {"", ""}},
+                    FieldsCase{"\"open,b\nc", {"open,b", "c"}}, FieldsCase{",", {"", ""}},
+                    FieldsCase{"a\"b\",c", {"a\"b\"", "c"}}, FieldsCase{"", {}}));
+
+TEST(Files, NumberedScratchFilesAreThoseWithExactlyOneMoreCharacter) {
+  TempDir dir;
+  for (const char* name :
+       {"a.cbr", "a.cbr_", "a.cbr_2", "a.cbr_22", "a.cbr_字", "b.cbr_2", "q1.csv", "q12.csv"})
+    dir.write(name, "");
+  delete_numbered(dir.path() + "a.cbr_");
+  delete_numbered(dir.path() + "q", ".csv");
+  delete_numbered(dir.path() + "none/a");
+  Strings left_over;
+  for (const auto& [name, bytes] : dir.files()) left_over.push_back(name);
+  EXPECT_EQ(left_over, (Strings{"a.cbr", "a.cbr_", "a.cbr_22", "b.cbr_2", "q12.csv"}));
+}
+
+TEST(Files, CopiesByteForByteAndDeletesWhatIsThere) {
+  TempDir dir;
+  const std::string bytes = std::string(200000, '\x83') + "\0\x1A\r"s;
+  copy_file(dir.write("from", bytes), dir.path() + "to");
+  EXPECT_EQ(dir.read("to"), bytes);
+  EXPECT_EQ(error_of([&] { copy_file(dir.path() + "from", "/dev/full"); }), 61);
+  EXPECT_EQ(error_of([&] { delete_file(dir.path() + "none"); }), 0);
+  EXPECT_EQ(line_breaks_plus_one(dir.write("n", "a\r\nb\nc")), 3);
+}
+
+TEST(Files, ReplacingKeepsPermissionsAndFollowsLinks) {
+  TempDir dir;
+  const std::string real = dir.write("real.ini", "old");
+  fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink(real, dir.path() + "link.ini");
+  replace_file(dir.path() + "link.ini", "new");
+  EXPECT_EQ(dir.read("real.ini"), "new");
+  EXPECT_TRUE(fs::is_symlink(dir.path() + "link.ini"));
+  EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(error_of([&] { replace_file(dir.path() + "none/x.ini", ""); }), 76);
+  EXPECT_EQ(dir.files().size(), 2U);  // no scratch file stays
+}
+
+}  // namespace
+}  // namespace varnisto::test

@@ -1,0 +1,113 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include "base/checked_int.h"
+#include "base/columns.h"
+#include "support/errors.h"
+
+namespace varnisto::test {
+namespace {
+
+struct CutCase {
+  std::string text;
+  std::size_t first, width;
+  std::string expected;
+};
+
+class Cut : public testing::TestWithParam<CutCase> {};
+
+TEST_P(Cut, CountsCharactersFromOne) {
+  const CutCase& c = GetParam();
+  EXPECT_EQ(TextLine{c.text}.cut({c.first, c.width}), c.expected);
+  EXPECT_EQ(mid(c.text, c.first, c.width), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, Cut,
+                         testing::Values(CutCase{"QSO: 14000", 6, 5, "14000"}, CutCase{"abc", 3, 5, "c"},
+                                         CutCase{"abc", 4, 1, ""}, CutCase{"", 1, 3, ""},
+                                         CutCase{"漢字AB仮名", 1, 2, "漢字"},
+                                         CutCase{"漢字AB仮名", 3, 3, "AB仮"},
+                                         CutCase{"漢字AB仮名", 6, 9, "名"}, CutCase{"漢字AB仮名", 7, 1, ""},
+                                         CutCase{"AB漢字", 1, 3, "AB漢"}, CutCase{"ｶﾅx", 2, 2, "ﾅx"}));
+
+TEST(Text, LeftAndRightKeepWholeCharacters) {
+  EXPECT_EQ(left("AB漢字", 3), "AB漢");
+  EXPECT_EQ(right("漢字AB", 3), "字AB");
+  EXPECT_EQ(left("漢", 5), "漢");
+  EXPECT_EQ(right("漢字", 0), "");
+  EXPECT_EQ(char_count("漢字AB"), 4U);
+}
+
+TEST(Text, PaddingFillsAndCutsByCharacters) {
+  EXPECT_EQ(pad_right("25", 7), "25     ");
+  EXPECT_EQ(pad_right("12345678", 7), "1234567");
+  EXPECT_EQ(pad_left("14025.5", 5), "025.5");
+  EXPECT_EQ(pad_left("MA", 6), "    MA");
+  EXPECT_EQ(pad_right("東京", 4), "東京  ");
+  EXPECT_EQ(pad_left("東京都", 2), "京都");
+}
+
+TEST(Text, TrimTakesBlanksOnly) {
+  EXPECT_EQ(trim("  a b "), "a b");
+  EXPECT_EQ(trim("\ta\t"), "\ta\t");
+  EXPECT_EQ(trim("　a "), "　a");
+  EXPECT_EQ(trim("   "), "");
+  EXPECT_FALSE(is_blank("　"));
+}
+
+TEST(Text, ReplacementIsOnePassFromTheLeft) {
+  EXPECT_EQ(single_blanks("a    b"), "a  b");
+  EXPECT_EQ(replace_all("---", "--", "-"), "--");
+  EXPECT_EQ(replace_all("abc", "", "x"), "abc");
+}
+
+TEST(Text, CaseChangesAsciiLettersOnly) {
+  // Both characters hold bytes that are letters in code page 932.
+  EXPECT_EQ(to_upper("ａzソ構"), "ａZソ構");
+  EXPECT_TRUE(equal_ignoring_case("Ab漢", "aB漢"));
+  EXPECT_FALSE(equal_ignoring_case("ab", "abc"));
+}
+
+struct NumberCase {
+  std::string text;
+  double expected;
+};
+
+class Number : public testing::TestWithParam<NumberCase> {};
+
+TEST_P(Number, IsTheLeadingNumber) {
+  EXPECT_DOUBLE_EQ(numeric_value(GetParam().text), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, Number,
+                         testing::Values(NumberCase{"007", 7}, NumberCase{" 12abc", 12},
+                                         NumberCase{"-3.5x", -3.5}, NumberCase{"+4", 4}, NumberCase{"+-4", 0},
+                                         NumberCase{".5", 0.5}, NumberCase{"5.", 5}, NumberCase{".", 0},
+                                         NumberCase{"-", 0}, NumberCase{"abc", 0}, NumberCase{"", 0},
+                                         NumberCase{"1e5", 1}, NumberCase{"1,000", 1}, NumberCase{"inf", 0},
+                                         NumberCase{"0x10", 0}, NumberCase{"1" + std::string(400, '0'), 9e18},
+                                         NumberCase{"-1" + std::string(400, '0'), -9e18},
+                                         NumberCase{"." + std::string(400, '0') + "1", 0}));
+
+TEST(Text, HalvesRoundToTheEvenNeighbour) {
+  const std::pair<double, std::int64_t> cases[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},    {-0.5, 0},
+                                                   {-1.5, -2}, {-2.5, -2}, {2.4999, 2}, {-2.51, -3}};
+  for (const auto& [value, expected] : cases) EXPECT_EQ(round_half_even(value), expected) << value;
+}
+
+TEST(CheckedInt, OverflowIsError6NeverAWrap) {
+  EXPECT_EQ(to_i16(-32768, ""), -32768);
+  EXPECT_EQ(error_of([] { to_i16(32768, ""); }), 6);
+  EXPECT_EQ(error_of([] { to_i32(-2147483649, ""); }), 6);
+  EXPECT_EQ(multiply_i32(46340, 46340, ""), 2147395600);
+  EXPECT_EQ(error_of([] { multiply_i32(46341, 46341, ""); }), 6);
+  std::int16_t counter = 32766;
+  add_checked(counter, 1, "");
+  EXPECT_EQ(counter, 32767);
+  EXPECT_EQ(error_of([&] { add_checked(counter, 1, ""); }), 6);
+  EXPECT_EQ(counter, 32767);
+}
+
+}  // namespace
+}  // namespace varnisto::test

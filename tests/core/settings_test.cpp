@@ -1,0 +1,138 @@
+#include "core/settings.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "support/errors.h"
+#include "support/test_app.h"
+
+namespace varnisto::test {
+namespace {
+
+class SettingsFile : public testing::Test {
+ protected:
+  SettingsFile() { app.state.program.app_dir = test.folder.path(); }
+
+  void write_ini(std::string_view text) const { test.folder.write_text("Varnisto.ini", text); }
+  void write_legacy(std::string_view text) const { test.folder.write_text("Varnisto.cfg", text); }
+
+  TestApp test;
+  App& app = test.app;
+  Settings& settings = test.app.state.settings;
+};
+
+TEST_F(SettingsFile, IsReadAndWrittenWithoutChange) {
+  const std::string before = test.folder.read("Varnisto.ini");
+  read_settings(app);
+  write_settings(app);
+  EXPECT_EQ(test.folder.read("Varnisto.ini"), before);
+  EXPECT_EQ(settings.mycall14, "QX1ABC        ");
+}
+
+TEST_F(SettingsFile, ValuesAreCutTo127Characters) {
+  write_ini("[Varnisto.ini]\nNAME=" + std::string(126, 'x') + "漢字\n");
+  read_settings(app);
+  EXPECT_EQ(settings.my_name, std::string(126, 'x') + "漢");
+}
+
+TEST_F(SettingsFile, TextsAreWrittenTrimmedAndOptionsAsHeld) {
+  settings.mycall = " QX2DEF ";
+  settings.power_sel = " 1";
+  settings.exe_rec = " 12";
+  write_settings(app);
+  const std::string text = test.folder.read("Varnisto.ini");
+  for (const std::string line :
+       {"\r\nCALLSIGN=QX2DEF\r\n", "\r\npower_sel= 1\r\n", "[Main]\r\nexe_rec= 12\r\n"})
+    EXPECT_TRUE(contains(text, line)) << line;
+}
+
+TEST_F(SettingsFile, WithoutItsSectionIsEmptySettings) {
+  write_ini("[Main]\nCALLSIGN=QX1ABC\nexe_rec=5\n[Other]\nNAME=x\n");
+  read_settings(app);
+  EXPECT_EQ(settings.mycall + settings.my_name + settings.ini_version, "");
+  EXPECT_EQ(settings.exe_rec, "5");
+}
+
+TEST_F(SettingsFile, TheRunCounterLiesInMainOnly) {
+  write_ini("[Varnisto.ini]\nexe_rec=5\n");
+  read_settings(app);
+  EXPECT_EQ(settings.exe_rec, "");
+}
+
+TEST_F(SettingsFile, ANoticeFlagThatIsNoNumberIsZero) {
+  write_ini("[Varnisto.ini]\nJIDX_no_Disp_flag=abc\n");
+  read_settings(app);
+  EXPECT_EQ(settings.jidx_no_disp_flag, 0);
+  write_settings(app);
+  EXPECT_TRUE(contains(test.folder.read("Varnisto.ini"), "JIDX_no_Disp_flag=0\r\n"));
+  write_ini("[Varnisto.ini]\nJIDX_no_Disp_flag=32768\n");
+  EXPECT_EQ(error_of([&] { read_settings(app); }), 6);
+}
+
+TEST_F(SettingsFile, HoldsNoLegacyCallLabel) {
+  settings.mycall_base = "QX9";
+  get_call_from_cfg(app);
+  EXPECT_EQ(settings.mycall_base, "QX9");
+  write_ini("[Varnisto.ini]\nNAME=CALLSIGN: QX7\n");
+  get_call_from_cfg(app);
+  EXPECT_EQ(settings.mycall_base, "NAME= QX7");
+}
+
+TEST_F(SettingsFile, OnlyACurrentOneIsWrittenAlong) {
+  read_settings(app);
+  settings.ini_version = "3.08";
+  settings.mycall = "QX2DEF";
+  const std::string before = test.folder.read("Varnisto.ini");
+  write_current_settings(app);
+  EXPECT_EQ(test.folder.read("Varnisto.ini"), before);
+  settings.ini_version = "3.09";
+  write_current_settings(app);
+  EXPECT_NE(test.folder.read("Varnisto.ini"), before);
+}
+
+TEST_F(SettingsFile, NamesTheRequiredKeysThatAreBlank) {
+  app.main.Check1.checked = true;
+  EXPECT_EQ(missing_settings(app), (std::vector<std::string>{"NAME", "CALLSIGN", "ADDRESS1", "OPERATORS",
+                                                             "JIDX_No", "e_mail", "Set_in_dir", "dir_pad"}));
+  app.main.Check1.checked = false;
+  read_settings(app);
+  EXPECT_TRUE(missing_settings(app).empty());
+}
+
+struct LegacyCase {
+  std::string line;
+  std::string Settings::*member;
+  std::string expected;
+};
+
+class LegacyFile : public SettingsFile, public testing::WithParamInterface<LegacyCase> {};
+
+TEST_P(LegacyFile, TakesWhatALineSays) {
+  write_legacy(GetParam().line);
+  read_Varnisto_cfg(app);
+  EXPECT_EQ(settings.*GetParam().member, GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, LegacyFile,
+    testing::Values(LegacyCase{"ver 0.92 of the program", &Settings::ini_version, "0.92 of t"},
+                    LegacyCase{"CALLSIGN: QX1ABC ", &Settings::mycall, "QX1ABC"},
+                    LegacyCase{"CALLSIGN: QX1ABC ", &Settings::mycall14, "QX1ABC        "},
+                    LegacyCase{"freq19_to_18flag:1", &Settings::freq19_to_18_flag, "1"},
+                    LegacyCase{"freq19_to_18_flag:1", &Settings::freq19_to_18_flag, ""},
+                    LegacyCase{"ADDRESS1:5 Rivertown", &Settings::address1, "5 Rivertown"},
+                    LegacyCase{"ADDRESS1:5 Rivertown", &Settings::ini_version, "town"},
+                    LegacyCase{"NAME:A NAME: B", &Settings::my_name, "A  B"},
+                    LegacyCase{"NAME:CLUB: x", &Settings::club, "NAME: x"},
+                    LegacyCase{"eQSLcom:TNX 表", &Settings::eqslcom, "TNX 表"}));
+
+TEST_F(SettingsFile, AnEmptyLegacyFileIsAnError) {
+  write_legacy("");
+  EXPECT_EQ(error_of([&] { read_Varnisto_cfg(app); }), 62);
+  write_legacy("JIDX_no_Disp_flag:1");
+  read_Varnisto_cfg(app);
+  EXPECT_EQ(settings.jidx_no_disp_flag, 1);
+}
+
+}  // namespace
+}  // namespace varnisto::test

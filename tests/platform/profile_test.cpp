@@ -1,0 +1,161 @@
+#include "platform/profile.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "base/text.h"
+#include "support/errors.h"
+#include "support/temp_dir.h"
+
+namespace varnisto::test {
+namespace {
+
+using namespace std::literals;
+
+constexpr std::string_view file =
+    "stray=0\r\n"
+    "; a remark\r\n"
+    "[Main]\r\n"
+    "exe_rec= 7\r\n"
+    " \t[ Varnisto.ini ] behind\r\n"
+    "  ;CALLSIGN=QX0AAA\r\n"
+    "#CLUB=hash\r\n"
+    " Call Sign \t= QX1ABC \t\r\n"
+    "callsign=QX1ABC/1\r\n"
+    "CALLSIGN=second\r\n"
+    "NAME=\"  Taro \"\r\n"
+    "E1='a\" \r\n"
+    "E2=''\r\n"
+    "E3=\"\r\n"
+    "ADDRESS1=a=b;c\r\n"
+    "no equals sign\r\n"
+    "\r\n"
+    "[Other\r\n"
+    "open=1\r\n"
+    "[varnisto.INI]\r\n"
+    "late=1\r\n";
+
+struct GetCase {
+  std::string section, key, expected;
+};
+
+class ProfileGet : public testing::TestWithParam<GetCase> {};
+
+TEST_P(ProfileGet, FollowsTheRulesOfSuchFiles) {
+  EXPECT_EQ(ProfileText{file}.get(GetParam().section, GetParam().key), GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ProfileGet,
+    testing::Values(GetCase{"Main", "exe_rec", "7"}, GetCase{"varnisto.INI", "CALLSIGN", "QX1ABC/1"},
+                    GetCase{" Varnisto.ini ", " call sign ", "QX1ABC"},
+                    GetCase{"Varnisto.ini", "exe_rec", ""}, GetCase{"Varnisto.ini", "CLUB", ""},
+                    GetCase{"Varnisto.ini", "#CLUB", "hash"}, GetCase{"Varnisto.ini", "NAME", "  Taro "},
+                    GetCase{"Varnisto.ini", "E1", "'a\""}, GetCase{"Varnisto.ini", "E2", ""},
+                    GetCase{"Varnisto.ini", "E3", "\""}, GetCase{"Varnisto.ini", "ADDRESS1", "a=b;c"},
+                    GetCase{"Varnisto.ini", "late", ""}, GetCase{"Other", "open", "1"},
+                    GetCase{"", "stray", ""}, GetCase{"None", "x", ""}));
+
+TEST(ProfileSet, ChangesOneLineAndNothingElse) {
+  ProfileText text{file};
+  text.set("VARNISTO.INI", "Callsign", "QX2DEF");
+  EXPECT_EQ(text.bytes(), replace_all(file, "callsign=QX1ABC/1", "callsign=QX2DEF"));
+}
+
+TEST(ProfileSet, PutsANewKeyBehindTheSectionsLastOne) {
+  ProfileText text{file};
+  text.set("Varnisto.ini", "CLUB", "表");
+  EXPECT_EQ(text.bytes(), replace_all(file, "ADDRESS1=a=b;c\r\n", "ADDRESS1=a=b;c\r\nCLUB=\x95\x5C\r\n"));
+}
+
+TEST(ProfileSet, PutsANewSectionAtTheEnd) {
+  ProfileText text{"[A]\nx=1"};
+  text.set("B", "y", " 2 ");
+  text.set("A", "z", "3");
+  EXPECT_EQ(text.bytes(), "[A]\nx=1\r\nz=3\r\n[B]\r\ny= 2 \r\n");
+  EXPECT_EQ(text.get("b", "Y"), "2");
+}
+
+TEST(ProfileSet, KeepsUtf16) {
+  std::string bytes = "\xFF\xFE";
+  for (const char c : std::string_view{"[A]\r\nx=1\r\n"}) bytes.append({c, '\0'});
+  ProfileText text{bytes};
+  EXPECT_EQ(text.bytes(), bytes);
+  text.set("A", "x", "\U0001F4FB表");
+  EXPECT_EQ(ProfileText{text.bytes()}.get("A", "x"), "\U0001F4FB表");
+  EXPECT_TRUE(text.bytes().starts_with("\xFF\xFE"));
+  const std::string half_pair = "\xFF\xFE[\0]\0\n\0x\0=\0\x2D\xD8y\0"s;
+  EXPECT_EQ(ProfileText{half_pair}.bytes(), half_pair);
+}
+
+TEST(ProfileSet, RefusesALineBreakInAValue) {
+  ProfileText text{file};
+  for (const std::string_view value : {"a\rb"sv, "a\nb"sv, "a\0b"sv})
+    EXPECT_EQ(error_of([&] { text.set("Main", "x", value); }), 5);
+  EXPECT_EQ(text.bytes(), file);
+}
+
+void set(Profile& profile, const std::string& path, const std::string& key, const std::string& value) {
+  const ProfileEntry entry{"A", key, value};
+  profile.set(path, {&entry, 1});
+}
+
+TEST(FileProfile, MakesTheFileSeesForeignChangesAndIgnoresCase) {
+  TempDir dir;
+  FileProfile profile;
+  const std::string path = dir.path() + "v.ini";
+  EXPECT_EQ(profile.get(path, "A", "x"), "");
+  EXPECT_FALSE(profile.exists(path));
+  set(profile, path, "x", "1");
+  EXPECT_EQ(dir.read("v.ini"), "[A]\r\nx=1\r\n");
+  EXPECT_EQ(profile.get(path, "A", "x"), "1");
+  dir.write("v.ini", "[A]\nx=22\n");
+  EXPECT_EQ(profile.get(path, "A", "x"), "22");
+  set(profile, dir.path() + "V.INI", "y", "3");
+  EXPECT_EQ(dir.read("v.ini"), "[A]\nx=22\ny=3\r\n");
+  EXPECT_EQ(dir.files().size(), 1U);
+  EXPECT_EQ(error_of([&] { set(profile, dir.path() + "none/v.ini", "x", "1"); }), 76);
+}
+
+TEST(FileProfile, WritesAllValuesOrNone) {
+  TempDir dir;
+  FileProfile profile;
+  const std::string path = dir.write("v.ini", "[A]\r\nx=1\r\n");
+  const ProfileEntry entries[] = {{"A", "x", "2"}, {"A", "y", "a\nb"}};
+  EXPECT_EQ(error_of([&] { profile.set(path, entries); }), 5);
+  const ProfileEntry unmappable[] = {{"A", "x", "2"}, {"A", "y", "\u20AC"}};
+  EXPECT_EQ(error_of([&] { profile.set(path, unmappable); }), 5);
+  EXPECT_EQ(dir.files(), (std::map<std::string, std::string>{{"v.ini", "[A]\r\nx=1\r\n"}}));
+}
+
+TEST(FileProfileDeathTest, AReadOnlyFileIsRefusedAndStays) {
+  TempDir dir;
+  const std::string path = dir.write("v.ini", "[A]\r\nx=1\r\n");
+  std::filesystem::permissions(path, std::filesystem::perms{0444});
+  std::filesystem::permissions(dir.path(), std::filesystem::perms{0777});
+  const auto set_as_nobody = [&] {
+    // The superuser may write everything: become someone else first (without effect for other users).
+    if (setuid(65534) != 0 && geteuid() == 0) _exit(1);
+    FileProfile profile;
+    _exit(error_of([&] { set(profile, path, "x", "2"); }));
+  };
+  EXPECT_EXIT(set_as_nobody(), testing::ExitedWithCode(70), "");
+  EXPECT_EQ(dir.files(), (std::map<std::string, std::string>{{"v.ini", "[A]\r\nx=1\r\n"}}));
+}
+
+TEST(OverlayProfile, ReadsThroughAndWritesNothing) {
+  TempDir dir;
+  FileProfile below;
+  const std::string path = dir.write("v.ini", "[A]\r\nx=1\r\ny=2\r\n");
+  OverlayProfile overlay{below};
+  set(overlay, path, "X", "\" 5 \"");
+  EXPECT_EQ(overlay.get(path, "a", "x"), " 5 ");
+  set(overlay, path, "x", "6");
+  EXPECT_EQ(overlay.get(path, "a", "X"), "6");
+  EXPECT_EQ(overlay.get(path, "A", "y"), "2");
+  EXPECT_EQ(dir.read("v.ini"), "[A]\r\nx=1\r\ny=2\r\n");
+}
+
+}  // namespace
+}  // namespace varnisto::test
