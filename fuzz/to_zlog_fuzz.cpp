@@ -22,6 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   while (!rest.empty()) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    if (!line.starts_with("QSO:")) continue;
     text.clear();
     append_zlog_text_line(line, text);
     // Date, exchanges, multiplier, band, points: the widths that no line can make smaller or larger.

@@ -20,6 +20,7 @@ class TextLine {
   explicit TextLine(std::string_view utf8) : text_(utf8), ascii_(is_ascii(utf8)) {}
 
   std::string_view text() const { return text_; }
+  bool ascii() const { return ascii_; }
 
   /// The text in these columns. A line that ends earlier gives a shorter or an empty text.
   std::string_view cut(Columns columns) const {

@@ -1,6 +1,7 @@
 #include "cabrillo/adif.h"
 
 #include <charconv>
+#include <utility>
 
 #include "base/text.h"
 #include "base/text_reader.h"
@@ -44,8 +45,11 @@ AdifCall adif_call(std::string_view his_call, const AdifOptions& options) {
   return {call, std::string{"UR "}.append(his_call).append(" ").append(options.comment)};
 }
 
+AdifRecords::AdifRecords(AdifOptions options)
+    : options_(std::move(options)), comment_ascii_(is_ascii(options_.comment)) {}
+
 std::size_t AdifRecords::written_size(std::string_view text) {
-  if (is_ascii(text)) return text.size();
+  if (ascii_ || is_ascii(text)) return text.size();
   bytes_.clear();
   code_page_.encode(text, bytes_, Unmappable::refuse);
   return bytes_.size();
@@ -61,6 +65,7 @@ void AdifRecords::append_field(std::string& out, std::string_view start, std::st
 
 void AdifRecords::append(std::string_view qso_line, std::string& out) {
   const TextLine line{qso_line};
+  ascii_ = comment_ascii_ && line.ascii();
   if (const std::string_view frequency = trim(line.cut(col_frequency)); frequency != frequency_) {
     frequency_ = frequency;
     if (const auto name = freq_band(frequency)) band_ = *name;

@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "base/columns.h"
 #include "base/cp932.h"
@@ -34,7 +33,7 @@ AdifCall adif_call(std::string_view his_call, const AdifOptions& options);
 /// Makes the records of one file, in the order of the log.
 class AdifRecords {
  public:
-  explicit AdifRecords(AdifOptions options) : options_(std::move(options)) {}
+  explicit AdifRecords(AdifOptions options);
 
   /// Appends to `out` the record of one Cabrillo QSO line. A frequency outside the amateur bands keeps the
   /// band of the record before. Lengths count the bytes that are written.
@@ -46,6 +45,8 @@ class AdifRecords {
   std::size_t written_size(std::string_view text);
 
   AdifOptions options_;
+  bool comment_ascii_;
+  bool ascii_ = true;             ///< the current line and the comment: bytes are characters
   std::string frequency_, band_;  ///< of the record before
   CodePage code_page_;
   std::string bytes_;

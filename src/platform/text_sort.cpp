@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "base/columns.h"
@@ -29,7 +31,7 @@ std::string take_quoted(std::string_view& rest) {
   const std::size_t open = rest.find('\'');
   const std::size_t close = open == std::string_view::npos ? open : rest.find('\'', open + 1);
   if (close == std::string_view::npos) return "";
-  const std::string text{rest.substr(open + 1, close - open - 1)};
+  std::string text{rest.substr(open + 1, close - open - 1)};
   rest = rest.substr(close + 1);
   return text;
 }
@@ -55,13 +57,22 @@ std::optional<SortCommand> parse(std::string_view command) {
 int FileTextSort::ksort(const std::string& command) {
   const auto parsed = parse(command);
   if (!parsed) throw RunTimeError(RunTimeError::bad_argument, command);
-  std::vector<std::string> lines;
+  // One text holds all lines, and each key is cut once: half of the time went into small allocations and
+  // keys.
   TextReader reader{parsed->input};
-  for (std::string_view line; reader.next(line);) lines.emplace_back(line);
-  // The keys are cut once, not at every comparison; they lie in the lines, which stay where they are.
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(parsed->input, unknown);
+  std::string text;
+  if (!unknown) text.reserve(size);
+  std::vector<std::size_t> ends;
+  for (std::string_view line; reader.next(line);) ends.push_back(text.append(line).size());
   std::vector<KeyedLine> order;
-  order.reserve(lines.size());
-  for (const std::string& line : lines) order.push_back({TextLine{line}.cut(parsed->key), line});
+  order.reserve(ends.size());
+  for (std::size_t begin = 0; const std::size_t end : ends) {
+    const std::string_view line = std::string_view{text}.substr(begin, end - begin);
+    order.push_back({TextLine{line}.cut(parsed->key), line});
+    begin = end;
+  }
   std::ranges::stable_sort(order, {}, &KeyedLine::key);
   TextWriter writer{parsed->output};
   for (const KeyedLine& keyed : order) writer.put(keyed.line);
