@@ -220,6 +220,7 @@ void Binder::show_options(const std::string& name, QGroupBox& box, OptionGroup& 
     auto* button = new QRadioButton(&box);
     button->setObjectName(QString::fromStdString(name) + QLatin1Char('_') + QString::number(index));
     static_cast<QVBoxLayout*>(box.layout())->insertWidget(index, button);
+    QWidget::setTabOrder(buttons.empty() ? static_cast<QWidget*>(&box) : buttons.back(), button);
     connect(button, &QRadioButton::clicked, this, [this, name, &control, index] {
       event([&] {
         control.selected = index;
