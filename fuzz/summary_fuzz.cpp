@@ -4,13 +4,13 @@
 #include "cabrillo/contest.h"
 #include "cabrillo/header.h"
 #include "cabrillo/summary.h"
-#include "null_app.h"
 #include "support.h"
+#include "support/null_app.h"
 
 using namespace varnisto;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static fuzz::NullApp null;
+  static test::NullApp null;
   App& app = null.app;
   app.state = State{};
   app.main.Option1.selected = 1;

@@ -49,8 +49,7 @@ class Checker {
  private:
   void check_tags(std::string_view line) {
     // Every tag ends in a colon, and in a QSO line the only one stands too far left for any of them.
-    const std::size_t last_colon = line.rfind(':');
-    if (last_colon == std::string_view::npos || last_colon + 1 < shortest_tag) return;
+    if (line.find(':', shortest_tag - 1) == std::string_view::npos) return;
     for (const std::string_view tag : tags) {
       const std::size_t at = line.find(tag);
       if (at == std::string_view::npos || !is_blank(line.substr(at + tag.size()))) continue;

@@ -3,6 +3,7 @@
 #include <array>
 #include <ctime>
 
+#include "base/files.h"
 #include "base/text_reader.h"
 #include "core/settings.h"
 
@@ -12,8 +13,11 @@ namespace {
 std::string log_name(const App& app) {
   const std::tm now = app.platform.clock.now();
   std::array<char, 32> text{};
-  std::strftime(text.data(), text.size(), "%Y%m%d_%H%M%S.txt", &now);
-  return app.state.program.app_dir + text.data();
+  std::strftime(text.data(), text.size(), "%Y%m%d_%H%M%S", &now);
+  const std::string base = app.state.program.app_dir + text.data();
+  std::string name = base + ".txt";
+  for (int i = 2; file_exists(name); ++i) name = base + "_" + std::to_string(i) + ".txt";  // a log of its own
+  return name;
 }
 
 void set_captions(App& app, const char* caption) {

@@ -5,6 +5,11 @@
 #include "app/later_steps.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "cabrillo/adif.h"
+#include "cabrillo/jst_to_utc.h"
+#include "cabrillo/qtc_log.h"
+#include "cabrillo/qtc_merge.h"
+#include "cabrillo/to_zlog.h"
 #include "cabrillo/writer.h"
 #include "core/lists.h"
 #include "core/main_options.h"
@@ -14,15 +19,12 @@
 namespace varnisto {
 namespace {
 
-bool is_iota(const App& app) {
-  return contains(app.state.contest.cont_id, "IOTA");
-}
-
 /// Runs the writer that kind of input, contest and source of the category call for.
 void write_log(App& app) {
   const std::string& kind = app.state.input.in_kind;
   const std::string& from = app.state.contest.select_from;
-  if (is_iota(app)) {
+  app.state.contest.iota_flag = contains(app.state.contest.cont_id, "IOTA") ? 1 : 0;
+  if (app.state.contest.iota_flag == 1) {
     if (kind == "zlog_zlo") Make_zlo2all_iota(app);
     if (kind == "zlog_all" || kind == "zlog_zlo") zlog_all_za2c_print_iota(app);
   } else if (kind == "zlog_all") {
@@ -31,7 +33,7 @@ void write_log(App& app) {
   } else if (kind == "zlog_zlo") {
     if (from == "zlog_zsm") Make_zlo2all(app);
     zlog_all_za2c_print(app);
-  } else {
+  } else if (contains(kind, "ccc")) {
     ccc_txt(app);
   }
 }
@@ -46,7 +48,7 @@ void show_jidx_notice(App& app) {
                            "",
                            "JAPAN INTERNATIONAL DX CONTEST",
                            "",
-                           "   　　　　　　   　C Wの時は　　　:　JIDX-CW",
+                           "   　　　　　   　C Wの時は　　　:　JIDX-CW",
                            "",
                            "    　　　  　　  SSBの時は　　　:   JIDX-PH",
                            "",
@@ -88,9 +90,15 @@ void make_second_copy(App& app) {
   input.outputs.push_back(input.log_name);
 }
 
-void delete_scratch_files(const std::string& out_name) {
-  delete_numbered(out_name + "_");
-  delete_file(out_name + "2");
+/// Scratch files carry the name of either output and a little more.
+void delete_scratch_files(const InputState& input) {
+  for (const std::string& name : {input.out_name, input.log_name}) {
+    if (name.empty()) continue;
+    delete_numbered(name + "_");
+    delete_file(name + "2");
+    delete_file(name + ".tmp");
+  }
+  delete_file(input.out_dir + "in_name.000");
 }
 
 void begin_debug_log(App& app) {
@@ -104,7 +112,7 @@ void begin_debug_log(App& app) {
 /// The steps that the check boxes ask for, on the log that was written.
 void run_options(App& app) {
   if (app.main.Check6.checked) conv_J2U(app);
-  if (app.main.Check3.checked) is_iota(app) ? conv_eqsl_iota(app) : conv_eqsl(app);
+  if (app.main.Check3.checked) app.state.contest.iota_flag == 1 ? conv_eqsl_iota(app) : conv_eqsl(app);
 }
 
 void run_contest_steps(App& app) {
@@ -139,7 +147,7 @@ void kaishi_1(App& app) {
   app.main.kaishi.enabled = true;
   app.main.lblShori.text = "処理終了";
   app.main.lblShori.color = Color::blue;
-  delete_scratch_files(app.state.input.out_name);
+  delete_scratch_files(app.state.input);
   app.trace.line("正常終了");
   show_closing_notice(app);
 }

@@ -26,23 +26,8 @@ void zlog_all_za2c_print_iota(App&) {
 void ccc_txt(App&) {
   throw NotAvailable("CCC");
 }
-void conv_J2U(App&) {
-  throw NotAvailable("--utc");
-}
-void conv_eqsl(App&) {
-  throw NotAvailable("--eqsl");
-}
 void conv_eqsl_iota(App&) {
   throw NotAvailable("--eqsl");
-}
-void WAEDC_put(App&) {
-  throw NotAvailable("WAEDC QTC");
-}
-void get_qtc(App&) {
-  throw NotAvailable("WAEDC QTC");
-}
-void cbr_2_zlog_txt(App&) {
-  throw NotAvailable("to-zlog");
 }
 
 }  // namespace varnisto

@@ -14,11 +14,6 @@ void Make_zlo2all(App& app);              ///< ZLO log to ALL log, at the start 
 void Make_zlo2all_iota(App& app);         ///< the same for IOTA
 void zlog_all_za2c_print_iota(App& app);  ///< Cabrillo writer for IOTA
 void ccc_txt(App& app);                   ///< Cabrillo writer for CCC logs
-void conv_J2U(App& app);                  ///< nine hours back
-void conv_eqsl(App& app);                 ///< ADIF for eQSL
-void conv_eqsl_iota(App& app);            ///< the same for IOTA
-void WAEDC_put(App& app);                 ///< QTC lines into the Cabrillo log
-void get_qtc(App& app);                   ///< QTC log
-void cbr_2_zlog_txt(App& app);            ///< Cabrillo to zLog text
+void conv_eqsl_iota(App& app);            ///< ADIF of an IOTA log for eQSL
 
 }  // namespace varnisto

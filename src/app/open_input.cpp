@@ -1,5 +1,8 @@
 #include "app/open_input.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "app/debug_log.h"
 #include "app/later_steps.h"
 #include "base/files.h"
@@ -26,6 +29,9 @@ constexpr Kind kinds[] = {{"ALL", "zlog_all", "_za2c.zsm", &InputState::za2c_nam
                           {"TXT", "ccc_txt", "_ct2c.zsm", &InputState::ct2c_name, false},
                           {"BIN", "ccc_bin", "_cb2c.zsm", &InputState::cb2c_name, false}};
 
+constexpr std::string_view unknown_kind_text =
+    "対応していない形式のファイルです。\r\n*.all , *.zlo , *.txt , *.bin のファイルを指定して下さい。";
+
 void clear_display(App& app) {
   clear_text(app);
   for (Label* label : {&app.main.lblGet_zsm1, &app.main.lblGet_zsm2, &app.main.lblGet_zsm3,
@@ -44,19 +50,21 @@ void forget_previous(App& app) {
   contest.select_from.clear();
   for (std::string* text :
        {&category.cat_summary, &category.zsm_category, &category.qso_band, &category.cat_text,
-        &category.dialog_category, &category.dialog_mode, &category.overlay_cat, &category.jidx_category,
-        &category.max_power_text, &category.mode_word})
+        &category.dialog_category, &category.dialog_mode, &category.zsm_mode, &category.overlay_cat,
+        &category.jidx_category, &category.max_power_text, &category.mode_word})
     text->clear();
   category.cat_mode = "MIXED";
   category.mode_sel = category.band_sel = category.mode_sel_cat = category.lowband_flag = 0;
   category.band_sel_known = category.dialog_shown = category.transmitter_chosen = false;
   app.state.tally = TallyState{};
   app.state.qso = QsoRec{};
-  app.state.input.in_type.clear();
-  app.state.input.in_kind.clear();
-  app.state.input.out_name.clear();
-  app.state.input.outputs.clear();
-  app.state.display.check_findings.clear();
+  InputState& input = app.state.input;
+  for (std::string* text :
+       {&input.in_type, &input.in_kind, &input.zsm_kind, &input.zsm_use_name, &input.zsm_send_name})
+    text->clear();
+  app.state.display = DisplayState{};
+  input.out_name.clear();
+  input.outputs.clear();
   app.main.lblCategory.text.clear();
   app.main.lblYusen.text.clear();
 }
@@ -99,7 +107,7 @@ bool refuse_foreign_text(App& app) {
               Color::red);
   }
   app.state.input.in_err_flag = 1;
-  app.main.kaishi.enabled = app.main.cmdRe_write_zlog_zsm.enabled = false;
+  app.main.kaishi.enabled = app.main.cmdReSelect.enabled = app.main.cmdRe_write_zlog_zsm.enabled = false;
   return true;
 }
 
@@ -118,8 +126,9 @@ void prepare(App& app, std::string_view in_kind) {
   if (in_kind == "zlog_all") {
     app.main.mnuDisp2_in.enabled = true;
     input.z2a_name_all = input.z2a_name;
-    if (!has_qso_lines(input.in_name)) throw Refusal(std::string{no_qso_text});
-    shori_zlog_all(app);
+    if (has_qso_lines(input.in_name)) return shori_zlog_all(app);
+    input.in_err_flag = 1;
+    show_text(app, std::string{no_qso_text}, Color::red);
   } else if (in_kind == "zlog_zlo") {
     input.z2a_name_zlo = input.z2a_name;
     mnuMake_z2a_Click(app);
@@ -152,12 +161,11 @@ void FileOpen2(App& app) {
   for (const std::string_view ext : {".ALL", ".TXT", ".ZLO"})
     input.in_zsm_upper = replace_all(input.in_zsm_upper, ext, ".zsm");
 
-  for (const Kind& kind : kinds) {
-    if (kind.ext_upper != input.in_ext_upper) continue;
-    input.in_kind = kind.in_kind;
-    choose_summary(app, kind);
-    prepare(app, kind.in_kind);
-  }
+  const auto* kind = std::ranges::find(kinds, input.in_ext_upper, &Kind::ext_upper);
+  if (kind == std::end(kinds)) throw Refusal(std::string{unknown_kind_text});
+  input.in_kind = kind->in_kind;
+  choose_summary(app, *kind);
+  prepare(app, kind->in_kind);
   if (input.in_err_flag == 1) main.kaishi.enabled = false;
   main.mnu_mc.enabled = main.Check1.checked && has_folder(input.in_name) && file_exists(input.cbr_name2);
   main.cmdRe_write_zlog_zsm.enabled = main.mnuZsm.enabled = file_exists(input.zsm_use_name);

@@ -47,7 +47,6 @@ void find_settings(App& app) {
   if (app.platform.profile.exists(program.ini_name)) {
     program.ini_found = program.cfg_loaded = 1;
     read_settings(app);
-    apply_old_version(app.state.settings);
     return;
   }
   ++program.cfg_missing;
@@ -94,7 +93,7 @@ void check_settings(App& app) {
   const bool editor_ticked = app.main.Check1.checked;
   if (app.platform.profile.exists(ini_path(app))) {
     read_settings(app);
-    cut_test_version(app.state.settings);
+    settle_old_settings(app.state.settings);
     restore_options(app);
     app.main.Check1.checked = editor_ticked;
     app.state.program.settings_incomplete = missing_settings(app).empty() ? 0 : 1;
@@ -165,9 +164,12 @@ void enable_outputs(App& app) {
   main.mnuZsm.enabled = there(input.zsm_use_name) || there(input.zsm_name);
 }
 
-void apply_old_version(Settings& settings) {
+void settle_old_settings(Settings& settings) {
   cut_test_version(settings);
-  if (round_half_even(numeric_value(settings.ini_version) * 100) < 93) settings.iota_name_only = "1";
+  if (is_blank(settings.op_iota_island)) settings.op_iota_island = "Honshu Island";
+  const double version = numeric_value(settings.ini_version);
+  constexpr double with_reference = 0.93;  // earlier versions wrote only the island's name
+  if (!settings.ini_version.empty() && version < with_reference) settings.iota_name_only = "1";
 }
 
 std::vector<std::string_view> required_files() {
@@ -184,7 +186,7 @@ void Main(App& app, const std::string& program_folder) {
   program.this_year = std::to_string(app.platform.clock.now().tm_year + 1900);
   find_settings(app);
   check_required_files(app);
-  if (is_blank(app.state.settings.op_iota_island)) app.state.settings.op_iota_island = "Honshu Island";
+  settle_old_settings(app.state.settings);
 }
 
 void Form_Load(App& app) {

@@ -24,8 +24,9 @@ void Form_Load(App& app);
 void show_input(App& app);
 /// Enables the output viewer menus, the summary menu and the mail buttons whose files exist.
 void enable_outputs(App& app);
-/// Cuts the version of a test edition before its "t"; a version before 0.93 wrote only the island's name.
-void apply_old_version(Settings& settings);
+/// What settings of an older program need: the version of a test edition loses its "t", a version before 0.93
+/// wrote only the island's name, and without an island it is Honshu.
+void settle_old_settings(Settings& settings);
 
 /// Exit: deletes scratch files, saves options and settings, counts the run.
 void owari_Click(App& app);

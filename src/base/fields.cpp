@@ -1,18 +1,52 @@
 #include "base/fields.h"
 
+#include <algorithm>
+
 #include "base/run_time_error.h"
 #include "base/text.h"
 
 namespace varnisto {
 
+namespace {
+
+constexpr std::string_view two_quotes = "\"\"";
+
+/// Takes the text of a quoted field at the start of `rest`; returns where its closing quote stands.
+std::size_t take_quoted(std::string_view rest, std::string& field) {
+  std::size_t begin = 1;
+  std::size_t quote = rest.find('"', begin);
+  field.clear();
+  while (quote != std::string_view::npos && rest.substr(quote, 2) == two_quotes) {
+    field.append(rest.substr(begin, quote + 1 - begin));
+    begin = quote + 2;
+    quote = rest.find('"', begin);
+  }
+  field.append(rest.substr(begin, quote == std::string_view::npos ? quote : quote - begin));
+  return quote;
+}
+
+void append_quoted(std::string& line, std::string_view field) {
+  line += '"';
+  for (std::size_t quote = field.find('"'); quote != std::string_view::npos; quote = field.find('"')) {
+    line.append(field.substr(0, quote)).append(two_quotes);
+    field.remove_prefix(quote + 1);
+  }
+  line.append(field) += '"';
+}
+
+}  // namespace
+
 bool take_field(std::string_view& rest, std::string& field) {
-  rest = trim_left(rest);
-  std::size_t comma = rest.find(',');
+  if (rest.starts_with(' ')) rest = trim_left(rest);
+  std::size_t comma = std::string_view::npos;
   if (rest.starts_with('"')) {
-    const std::size_t close = rest.find('"', 1);
-    field = rest.substr(1, close == std::string_view::npos ? close : close - 1);
-    comma = close == std::string_view::npos ? close : rest.find(',', close);
+    const std::size_t close = take_quoted(rest, field);
+    if (rest.substr(std::min(close, rest.size())).starts_with("\","))
+      comma = close + 1;
+    else if (close != std::string_view::npos)
+      comma = rest.find(',', close);
   } else {
+    comma = rest.find(',');
     field = trim_right(rest.substr(0, comma));
   }
   const bool more = comma != std::string_view::npos;
@@ -39,13 +73,13 @@ std::string FieldReader::must_next() {
   return *std::move(field);
 }
 
-std::string quoted_fields(std::initializer_list<std::string_view> fields) {
-  std::string line;
+void append_quoted_fields(std::string& line, std::initializer_list<std::string_view> fields) {
+  bool first = true;
   for (const std::string_view field : fields) {
-    if (!line.empty()) line += ',';
-    line.append("\"").append(field).append("\"");
+    if (!first) line += ',';
+    append_quoted(line, field);
+    first = false;
   }
-  return line;
 }
 
 }  // namespace varnisto

@@ -11,8 +11,8 @@
 namespace varnisto {
 
 /// Reads one field after the other, over line ends. A field ends at a comma or at the line end; it may sit in
-/// double quotes, which are removed; blanks around an unquoted field are dropped. An empty line is one empty
-/// field.
+/// double quotes, which are removed (two in a row inside stand for one); blanks around an unquoted field are
+/// dropped. An empty line is one empty field.
 class FieldReader {
  public:
   explicit FieldReader(TextReader reader) : reader_(std::move(reader)) {}
@@ -21,6 +21,11 @@ class FieldReader {
   std::optional<std::string> next();
   /// The next field. Throws RunTimeError 62 at the end of the file.
   std::string must_next();
+
+  /// True when the field that was read last was the last one on its line.
+  bool at_line_end() const { return !more_on_line_; }
+  /// Passes over what the current line still holds.
+  void end_line() { more_on_line_ = false; }
 
   /// "path: line n" of the field that was read last.
   std::string place() const { return reader_.place(); }
@@ -35,7 +40,7 @@ class FieldReader {
 /// line.
 bool take_field(std::string_view& rest, std::string& field);
 
-/// One line of a scratch file: every field in double quotes, commas between them.
-std::string quoted_fields(std::initializer_list<std::string_view> fields);
+/// Appends one record of a scratch file: every field in double quotes, commas between them.
+void append_quoted_fields(std::string& line, std::initializer_list<std::string_view> fields);
 
 }  // namespace varnisto

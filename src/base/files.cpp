@@ -67,6 +67,9 @@ bool file_exists(const std::string& path) {
 
 void copy_file(const std::string& from, const std::string& to) {
   FileHandle source = FileHandle::open_for_reading(from);
+  // A target that is a link to the source must not be emptied before it is read.
+  std::error_code failure;
+  if (fs::equivalent(from, to, failure)) delete_file(to);
   FileHandle target = FileHandle::create(to);
   std::array<char, buffer_size> buffer;
   while (const std::size_t count = source.read(buffer.data(), buffer.size()))

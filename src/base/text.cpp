@@ -96,9 +96,10 @@ std::string_view mid(std::string_view text, std::size_t first, std::size_t n) {
 }
 
 void append_left_aligned(std::string& out, std::string_view text, std::size_t n) {
-  const std::string_view kept = left(text, n);
+  const bool ascii = is_ascii(text);
+  const std::string_view kept = ascii ? text.substr(0, n) : left(text, n);
   out.append(kept);
-  const std::size_t width = char_count(kept);
+  const std::size_t width = ascii ? kept.size() : char_count(kept);
   if (width < n) out.append(n - width, ' ');
 }
 

@@ -47,9 +47,9 @@ ScanCounts scan(const std::string& path, bool rtty) {
   return counts;
 }
 
-/// Watts that an exchange text stands for.
-double power_value(std::string_view text) {
-  return contains(to_upper(text), "K") ? 1000 : numeric_value(text);
+/// Whole watts that an exchange text stands for.
+std::int64_t power_value(std::string_view text) {
+  return contains(to_upper(text), "K") ? 1000 : round_half_even(numeric_value(text));
 }
 
 }  // namespace
@@ -87,7 +87,7 @@ void get_mode_band_all(App& app) {
 
 void get_power_all(App& app) {
   app.trace.line("Public Sub get_power_all()");
-  double highest = 0;
+  std::int64_t highest = 0;
   std::string& highest_text = app.state.category.max_power_text;
   highest_text.clear();
   TextReader reader{app.state.input.in_name};
@@ -105,7 +105,7 @@ void get_power_all(App& app) {
 std::optional<int> power_option_of(std::string_view power) {
   if (power.empty()) return std::nullopt;
   constexpr int high = 0, low = 1, qrp = 2;
-  const double watts = power_value(power);
+  const std::int64_t watts = power_value(power);
   return watts <= 5 ? qrp : watts < 151 ? low : high;
 }
 

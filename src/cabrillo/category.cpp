@@ -94,7 +94,7 @@ void set_mode_word(App& app) {
 /// `cont_id` from the title; returns the title.
 std::string set_contest_code(App& app) {
   ContestState& contest = app.state.contest;
-  const std::string title = app.state.input.in_kind == "zlog_zlo" ? contest.zlo_title : contest.contest_name;
+  std::string title = app.state.input.in_kind == "zlog_zlo" ? contest.zlo_title : contest.contest_name;
   contest.cont_id = title;
   if (!contains(app.state.input.in_kind, "ccc"))
     map_title_to_code(app);

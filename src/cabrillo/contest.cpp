@@ -40,12 +40,18 @@ void read_contest_name(App& app) {
 
 void read_contest_names(FieldReader reader, std::vector<ContestName>& names) {
   names.clear();
+  const auto next_on_line = [&] {  // a record is one line
+    if (reader.at_line_end()) throw ListFileError(RunTimeError::past_end, reader.place());
+    return reader.must_next();
+  };
   while (auto title = reader.next()) {
+    if (title->empty() && reader.at_line_end()) continue;  // an empty line
     if (names.size() == most_contest_names) throw ListFileError(RunTimeError::bad_subscript, reader.place());
     ContestName record;
     record.title = *std::move(title);
-    record.code = next_of_record(reader);
-    record.note = next_of_record(reader);
+    record.code = next_on_line();
+    record.note = next_on_line();
+    reader.end_line();
     names.push_back(std::move(record));
   }
 }

@@ -28,8 +28,10 @@ void take_transmitter(const QsoLineContext& context, std::string_view log_line, 
 
 void put_common(const QsoLineContext& context, const QsoRec& rec, const Exchanges& exchanges,
                 std::string& out) {
-  out.assign("QSO: ").append(rec.freq5).append(" ").append(rec.mode2).append(" ");
-  out.append(rec.qso_date).append(" ").append(rec.qso_hhmm).append(" ");
+  out.assign("QSO: ").append(rec.freq5).push_back(' ');
+  out.append(rec.mode2).push_back(' ');
+  out.append(rec.qso_date).push_back(' ');
+  out.append(rec.qso_hhmm).push_back(' ');
   out.append(context.mycall14).append(rec.sent_rst4).append(exchanges.sent);
   out.append(rec.his_call14).append(rec.rcvd_rst4).append(exchanges.rcvd);
 }

@@ -71,7 +71,7 @@ void apply_words(App& app, const std::vector<std::string>& words) {
 
   const CategoryWords texts{words[word_operator] + " ", category.band_word, category.cat_band,
                             category.power_cat, category.mode_word};
-  if (contains(app.state.contest.cont_id, "JIDX")) return apply_jidx(app, words[word_operator], texts);
+  if (contains(app.state.contest.cont_id, "JIDX")) return apply_jidx(app, category.operator_cat, texts);
   const CategoryTexts result = category_texts(app.state.contest.cont_id, texts);
   app.state.contest.contest = result.contest;
   category.cat_summary = result.summary;
@@ -94,9 +94,10 @@ void read_summary_line(App& app, std::string_view line, const std::string& place
     app.state.category.cat_text = trim(remove_all(line, label_category));
     const std::string upper = to_upper(line);
     if (contains(upper, "PH"))
-      app.state.qso.mode2 = "SSB";
+      app.state.category.zsm_mode = "SSB";
     else if (contains(upper, "CW"))
-      app.state.qso.mode2 = "CW";
+      app.state.category.zsm_mode = "CW";
+    app.state.qso.mode2 = app.state.category.zsm_mode;
   } else if (contains(line, label_score)) {
     const std::string text = remove_all(line, label_score);
     TallyState& tally = app.state.tally;
@@ -107,14 +108,14 @@ void read_summary_line(App& app, std::string_view line, const std::string& place
 
 void show_jidx_powers(App& app) {
   show_text(app,
-            lines({"ｺﾝﾃｽﾄ 名 ： " + app.state.contest.cont_id, "            High Power(出力100wを超える局),",
-                   "            Low Power(出力100w以下の局)"}),
+            lines({"ｺﾝﾃｽﾄ 名 ： " + app.state.contest.contest_name,
+                   "            High Power(出力100wを超える局),", "            Low Power(出力100w以下の局)"}),
             Color::green);
 }
 
 /// The dialogs that a title in the logger's summary calls for.
 void open_dialogs_of_title(App& app) {
-  const std::string title = app.state.contest.cont_id;
+  const std::string title = app.state.contest.contest_name;
   if (contains(title, "WPX") && file_exists(app.state.program.app_dir + "OVERLAY.txt")) {
     app.state.category.overlay_caller.clear();
     app.desk.show(FormName::frmOVERLAY);
@@ -128,7 +129,8 @@ void show_power(App& app) {
   if (contains(title, "ARRL International DX Contest") &&
       contains(to_upper(app.state.input.in_name), ".ALL")) {
     get_power_all(app);
-    select_power_of_log(app);
+    // The selection dialog offers the log's power by itself; what was confirmed there holds.
+    if (!app.state.category.dialog_shown) select_power_of_log(app);
   }
   if (contains(title, "JIDX")) app.main.lblPower.text = jidx_power_label(app);
 }
@@ -165,6 +167,7 @@ void sep_space_zlog_zsm(App& app) {
   const int option = operator_option_named(to_upper(words[word_operator]));
   if (option >= 0) Option3_Click(app, option);
   apply_words(app, words);
+  app.state.contest.cont_id = app.state.contest.contest_name;  // the title, until the log is written
 }
 
 void sep_space_cbr(App& app) {

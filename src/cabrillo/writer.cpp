@@ -84,16 +84,6 @@ QsoLineContext line_context(const App& app) {
   return context;
 }
 
-AllOptions all_options(const App& app, bool rtty) {
-  const Settings& settings = app.state.settings;
-  AllOptions options;
-  options.rtty = rtty && settings.mode_2_rtty_flag == "1";
-  options.memo_frequency = settings.get_freq_flag == "1";
-  options.as_1800 = settings.freq19_to_18_flag == "1";
-  if (contains(app.state.contest.contest, "JIDX")) options.jidx_number = settings.jidx_no;
-  return options;
-}
-
 /// Writes every QSO from `line` to the end of the log and counts what was written and what the contest leaves
 /// out.
 void put_qsos(App& app, TextReader& log, std::string_view line, bool rtty, LineSink& out) {
@@ -141,6 +131,16 @@ void print(App& app, const Plan& plan) {
 }
 
 }  // namespace
+
+AllOptions all_options(const App& app, bool rtty) {
+  const Settings& settings = app.state.settings;
+  AllOptions options;
+  options.rtty = rtty && settings.mode_2_rtty_flag == "1";
+  options.memo_frequency = settings.get_freq_flag == "1";
+  options.as_1800 = settings.freq19_to_18_flag == "1";
+  if (contains(app.state.contest.contest, "JIDX")) options.jidx_number = settings.jidx_no;
+  return options;
+}
 
 void zlog_all_za2c_print(App& app) {
   app.trace.line("Public Sub zlog_all_za2c_print()");

@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "base/text.h"
-#include "core/app.h"
+#include "cli/dialog_answers.h"
 
 namespace varnisto {
 
@@ -28,12 +28,16 @@ std::optional<std::string> CliDesk::open_file_dialog(const OpenFileRequest&) {
 
 void CliDesk::show(FormName form) {
   switch (form) {
+    case FormName::select_cont:
+      for (const std::string& text : answer_select_cont(*app_, options_.answers)) notice(text);
+      return;
     case FormName::frmOVERLAY:
-      return;  // no overlay is claimed
+      overlay_asked_ = true;
+      return answer_overlay(*app_, options_.answers);
     case FormName::frmDisp2:
       return;  // the report names the findings
     default:
-      throw NotAvailable("contest and category dialog");
+      throw NotAvailable("window");
   }
 }
 

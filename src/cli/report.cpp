@@ -11,6 +11,11 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// One object on one line; bytes that are no character are replaced.
+void put_json(const Json& object, std::ostream& out) {
+  out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
 /// One line of the report; nothing for an empty value.
 void put_field(std::ostream& out, std::string_view name, std::string_view value) {
   if (!is_blank(value)) out << "  " << pad_right(name, 10) << trim(value) << "\n";
@@ -81,7 +86,26 @@ void put_json_report(const App& app, const ActionResult& result, const std::vect
       {"ok", result.kind == ActionResult::done},
       {"error", error_value(result)},
   };
-  out << report.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+  put_json(report, out);
+}
+
+void put_json_check(const std::string& path, const CheckResult& result, const std::string& error,
+                    std::ostream& out) {
+  Json report = {
+      {"input", path}, {"qsos", result.qsos}, {"findings", result.findings}, {"ok", error.empty()}};
+  report["error"] = error.empty() ? Json(nullptr) : Json(error);
+  put_json(report, out);
+}
+
+void put_settings(const std::vector<SettingOverride>& values, bool as_json, std::ostream& out) {
+  Json object = Json::object();
+  for (const auto& [key, value] : values) {
+    if (as_json)
+      object[key] = value;
+    else
+      out << key << "=" << value << "\n";
+  }
+  if (as_json) put_json(object, out);
 }
 
 }  // namespace varnisto

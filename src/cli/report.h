@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "app/action.h"
+#include "app/checker.h"
+#include "cli/options.h"
 #include "core/app.h"
 
 namespace varnisto {
@@ -16,5 +18,13 @@ void put_report(const App& app, const ActionResult& result, std::ostream& out);
 /// The same as one JSON object on one line.
 void put_json_report(const App& app, const ActionResult& result, const std::vector<std::string>& messages,
                      std::ostream& out);
+
+/// What the checker found in a file, as one JSON object on one line; `error` is empty unless it could not be
+/// read.
+void put_json_check(const std::string& path, const CheckResult& result, const std::string& error,
+                    std::ostream& out);
+
+/// Settings as KEY=VALUE lines, or as one JSON object.
+void put_settings(const std::vector<SettingOverride>& values, bool as_json, std::ostream& out);
 
 }  // namespace varnisto

@@ -19,52 +19,68 @@ Session::Session(const CliOptions& options, const std::string& program_folder, s
                launcher},
       options_(options),
       program_folder_(program_folder),
+      found_version_(program_version),
       err_(err) {
+  desk.use(app);
   app.state.program.app_dir = program_folder;
-  if (access == SettingsFile::writable) return;
-  for (const auto& [key, value] : options.overrides) {
-    const bool is_counter = equal_ignoring_case(key, "exe_rec");
-    const ProfileEntry entry{std::string{is_counter ? ini_main_section : ini_section}, key, value};
-    profile.set(ini_path(app), {&entry, 1});
-  }
+  if (access == SettingsFile::read_only) lay_settings_over();
 }
 
 Session::~Session() {
   remove_scratch_folder(app);
 }
 
-bool Session::settings_allow_run(std::ostream& err) {
-  const Settings& settings = app.state.settings;
-  const bool found = app.state.program.cfg_loaded == 1;
-  if (!settings.ini_version.empty() && settings.ini_version != program_version) {
-    err << program_folder_ << "Varnisto.ini: version " << settings.ini_version << ", expected "
-        << program_version
-        << "; \"varnisto-cli settings KEY=VALUE\" or the settings window brings it up to date\n";
-    return false;
+void Session::lay_settings_over() {
+  const std::string path = ini_path(app);
+  if (file_profile.exists(path)) {
+    found_version_ = file_profile.get(path, ini_section, "version");
+  } else {
+    if (file_exists(legacy_path(app))) {
+      read_Varnisto_cfg(app);
+      found_version_ = app.state.settings.ini_version;
+    }
+    write_settings(app);  // into the overlay
   }
-  const auto missing = missing_settings(app);
-  if (found && missing.empty()) return true;
-  err << program_folder_ << "Varnisto.ini: settings incomplete, missing:";
-  for (const std::string& key : missing) err << " " << key;
-  err << "\n";
-  return false;
+  for (const auto& [key, value] : options_.overrides) {
+    const bool is_counter = equal_ignoring_case(key, "exe_rec");
+    const ProfileEntry entry{std::string{is_counter ? ini_main_section : ini_section}, key, value};
+    profile.set(path, {&entry, 1});
+  }
 }
 
-bool Session::start(int& status) {
+StartResult Session::refuse_settings(const std::string& text) {
+  err_ << text << "\n";
+  return {exit_settings, {ActionResult::refused, 0, text}};
+}
+
+StartResult Session::check_settings() {
+  const std::string version = found_version_.substr(0, found_version_.find('t'));
+  if (version != program_version)
+    return refuse_settings(
+        program_folder_ + "Varnisto.ini: version \"" + version + "\", expected \"" +
+        std::string{program_version} +
+        "\"; \"varnisto-cli settings KEY=VALUE\" or the settings window brings it up to date");
+  const auto missing = missing_settings(app);
+  if (missing.empty()) return {};
+  std::string text = program_folder_ + "Varnisto.ini: settings incomplete, missing:";
+  for (const std::string& key : missing) text += " " + key;
+  return refuse_settings(text);
+}
+
+StartResult Session::start() {
   const ActionResult started = run_action(app, [this] {
     Main(app, program_folder_);
     if (options_.debug) mnuDebug_mode_Click(app);
   });
-  status = started.kind == ActionResult::ended ? exit_list_file : exit_failed;
-  if (started.kind != ActionResult::done) return false;
-  status = exit_settings;
-  if (!settings_allow_run(err_)) return false;
+  if (started.kind == ActionResult::ended) return {exit_list_file, started};
+  if (started.kind != ActionResult::done) return {exit_failed, started};
+  if (const StartResult checked = check_settings(); checked.status != exit_ok) return checked;
   const ActionResult loaded = run_action(app, [this] { Form_Load(app); });
-  status = loaded.kind == ActionResult::list_file ? exit_list_file
-           : loaded.kind != ActionResult::done    ? exit_failed
-           : app.state.input.in_err_flag == 1     ? exit_settings
-                                                  : exit_ok;
-  return status == exit_ok;
+  if (loaded.kind == ActionResult::list_file) return {exit_list_file, loaded};
+  if (loaded.kind != ActionResult::done) return {exit_failed, loaded};
+  if (app.state.input.in_err_flag == 1)
+    return {exit_settings, {ActionResult::refused, 0, app.main.Text1.text}};
+  return {};
 }
 
 }  // namespace varnisto

@@ -15,19 +15,25 @@ namespace varnisto {
 /// What may happen to the settings file.
 enum class SettingsFile { read_only, writable };
 
+/// Why a session cannot run logs.
+struct StartResult {
+  int status = 0;       ///< exit status; 0: it can
+  ActionResult result;  ///< what went wrong
+};
+
 /// One log's run, or one command's. With a read-only settings file the settings of the command line are laid
-/// over it and nothing is written to it.
+/// over it (over the legacy file's when there is no other) and nothing is written to it.
 class Session {
  public:
+  /// Throws RunTimeError when the legacy file cannot be read.
   Session(const CliOptions& options, const std::string& program_folder, std::ostream& err,
           SettingsFile access = SettingsFile::read_only);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  /// Start-up and the check of settings and list files. False when no log can be converted; `status` says why
-  /// then.
-  bool start(int& status);
+  /// Start-up and the check of settings and list files.
+  StartResult start();
 
   FileProfile file_profile;
   OverlayProfile profile{file_profile};
@@ -39,10 +45,14 @@ class Session {
   App app{platform, desk};
 
  private:
-  bool settings_allow_run(std::ostream& err);
+  void lay_settings_over();
+  StartResult refuse_settings(const std::string& text);
+  StartResult check_settings();
 
   const CliOptions& options_;
   std::string program_folder_;
+  std::string found_version_;  ///< version of the settings file or the legacy file; the program's when there
+                               ///< is neither
   std::ostream& err_;
 };
 

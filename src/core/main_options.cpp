@@ -97,6 +97,7 @@ void reset_power(App& app) {
   if (app.main.Option1.selected < 0) return;
   apply_power(app, app.main.Option1.selected);
   app.state.category.cat_power = app.state.category.power_cat;
+  write_current_settings(app);
 }
 
 void Op1_Chk(App& app) {

@@ -86,7 +86,7 @@ struct InputState {
   std::string qlg_name;              ///< call sign & ".qlg": QTC log
   std::string out_name;              ///< the file that the writer produced
   std::int32_t qsos_written = 0;     ///< QSO lines in it
-  std::int32_t lines_dropped = 0;       ///< log lines that the contest's rule leaves out: no received report
+  std::int32_t lines_dropped = 0;    ///< log lines that the contest's rule leaves out: no received report
   std::vector<std::string> outputs;  ///< every file written for this log, in order
 };
 
@@ -105,8 +105,9 @@ struct ContestState {
   std::string contest_line;   ///< title line of the summary, for display
   std::string select_from;    ///< "zlog_zsm": the logger's summary; "za2c_zsm", "zz2c_zsm": the program's own
   std::string select_caller;  ///< which summary the selection dialog was last opened for, e.g. "za2c_zsm"
-  std::string zlo_title;      ///< title in the header of a ZLO log
-  std::string ccc_cont_type;  ///< contest type of a CCC log, "ARRLD...", "CQWPX...", ...
+  std::int16_t iota_flag = 0;              ///< 1 while the current contest is an IOTA contest
+  std::string zlo_title;                   ///< title in the header of a ZLO log
+  std::string ccc_cont_type;               ///< contest type of a CCC log, "ARRLD...", "CQWPX...", ...
   std::vector<ContestName> contest_names;  ///< contest_name.cfg, in file order
 };
 
@@ -123,6 +124,7 @@ struct CategoryState {
   std::string band_word;        ///< band word of `cat_summary`
   std::string power_cat;        ///< power word: "HIGH", "LOW", "QRP"
   std::string mode_word;        ///< mode word with its trailing blank: "SSB ", "CW ", "RTY ", ...
+  std::string zsm_mode;         ///< mode that the logger's Category line names: "SSB", "CW", or ""
   std::string dialog_mode;      ///< mode chosen in the selection dialog: "Mixed", "PH", "CW", "RTY"
   std::string qso_band;         ///< band text of the selection dialog: "ALL", "1.9", ... "28"
   std::string jidx_category;    ///< JIDX category code, e.g. "7L"

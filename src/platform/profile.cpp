@@ -87,6 +87,12 @@ std::optional<std::string_view> section_of(std::string_view line) {
   return strip(text.substr(1, text.find(']') - 1));
 }
 
+/// A value is one line.
+void refuse_line_break(std::string_view key, std::string_view value) {
+  if (value.find_first_of(std::string_view{"\r\n\0", 3}) != std::string_view::npos)
+    throw RunTimeError(RunTimeError::bad_argument, std::string{key} + "=" + std::string{value});
+}
+
 /// The key's name when this line sets one.
 std::optional<std::string_view> key_of(std::string_view line) {
   const std::size_t equals = line.find('=');
@@ -147,8 +153,7 @@ std::string ProfileText::get(std::string_view section, std::string_view key) con
 }
 
 void ProfileText::set(std::string_view section, std::string_view key, std::string_view value) {
-  if (value.find_first_of(std::string_view{"\r\n\0", 3}) != std::string_view::npos)
-    throw RunTimeError(RunTimeError::bad_argument, std::string{key} + "=" + std::string{value});
+  refuse_line_break(key, value);
   const Place place = find(section, key);
   if (place.key_line) {
     std::string& line = lines_[*place.key_line];
@@ -204,6 +209,11 @@ void FileProfile::set(const std::string& path, std::span<const ProfileEntry> ent
   stamp_ = {};
 }
 
+bool OverlayProfile::exists(const std::string& path) {
+  return std::ranges::find(written_, path, &std::pair<std::string, ProfileEntry>::first) != written_.end() ||
+         below_.exists(path);
+}
+
 std::string OverlayProfile::get(const std::string& path, std::string_view section, std::string_view key) {
   const auto hit = std::ranges::find_if(written_, [&](const auto& written) {
     return written.first == path && equal_ignoring_case(written.second.section, section) &&
@@ -214,6 +224,7 @@ std::string OverlayProfile::get(const std::string& path, std::string_view sectio
 
 void OverlayProfile::set(const std::string& path, std::span<const ProfileEntry> entries) {
   for (const ProfileEntry& entry : entries) {
+    refuse_line_break(entry.key, entry.value);
     std::erase_if(written_, [&](const auto& written) {
       return written.first == path && equal_ignoring_case(written.second.section, entry.section) &&
              equal_ignoring_case(written.second.key, entry.key);

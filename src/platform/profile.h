@@ -84,7 +84,7 @@ class OverlayProfile final : public Profile {
  public:
   explicit OverlayProfile(Profile& below) : below_(below) {}
 
-  bool exists(const std::string& path) override { return below_.exists(path); }
+  bool exists(const std::string& path) override;
   std::string get(const std::string& path, std::string_view section, std::string_view key) override;
   void set(const std::string& path, std::span<const ProfileEntry> entries) override;
 

@@ -20,6 +20,10 @@ struct SortCommand {
   std::string input, output;
 };
 
+struct KeyedLine {
+  std::string_view key, line;
+};
+
 /// Takes the text between the next two single quotes off `rest`.
 std::string take_quoted(std::string_view& rest) {
   const std::size_t open = rest.find('\'');
@@ -54,10 +58,13 @@ int FileTextSort::ksort(const std::string& command) {
   std::vector<std::string> lines;
   TextReader reader{parsed->input};
   for (std::string_view line; reader.next(line);) lines.emplace_back(line);
-  const auto key = [&](const std::string& line) { return TextLine{line}.cut(parsed->key); };
-  std::ranges::stable_sort(lines, {}, key);
+  // The keys are cut once, not at every comparison; they lie in the lines, which stay where they are.
+  std::vector<KeyedLine> order;
+  order.reserve(lines.size());
+  for (const std::string& line : lines) order.push_back({TextLine{line}.cut(parsed->key), line});
+  std::ranges::stable_sort(order, {}, &KeyedLine::key);
   TextWriter writer{parsed->output};
-  for (const std::string& line : lines) writer.put(line);
+  for (const KeyedLine& keyed : order) writer.put(keyed.line);
   writer.close();
   return 0;
 }

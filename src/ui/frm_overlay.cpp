@@ -11,7 +11,8 @@ constexpr int no_overlay = 0, claim_overlay = 1;
 /// The mode that decides which offers are listed: the selection dialog's, else that of summary or log.
 const std::string& mode_of_entry(const App& app) {
   const CategoryState& category = app.state.category;
-  return category.overlay_caller == "select_cont" ? category.dialog_mode : app.state.qso.mode2;
+  if (category.overlay_caller == "select_cont") return category.dialog_mode;
+  return category.zsm_mode.empty() ? app.state.qso.mode2 : category.zsm_mode;
 }
 
 }  // namespace

@@ -197,9 +197,8 @@ void Make_cfg::Form_Load() {
   ng_count = 0;
   lblVer.text = "Varnisto.ini for Varnisto.exe  ver " + std::string{program_version};
   caption = app.state.program.ini_name + " 環境設定 ";
-  if (is_blank(settings.op_iota_island)) settings.op_iota_island = default_island;
+  settle_old_settings(settings);
   fill_islands();
-  apply_old_version(settings);
   if (settings.iota_name_only.empty()) settings.iota_name_only = "0";
   show_island_option();
   fill_fields();

@@ -130,7 +130,7 @@ SelectCont::SelectCont(App& app) : app_(app) {
 
 void SelectCont::connect_events() {
   on_click("List1", [this](int) { List1_Click(); });
-  on_click("Option1", [this](int) { Option1_Check(); });
+  on_click("Option1", [this](int) { Option1_Click(); });
   on_click("Option2", [this](int) { Option2_Check(); });
   on_click("Option3", [this](int) { Option3_Click(); });
   on_click("Option4", [this](int) { Option4_Check(); });
@@ -227,7 +227,7 @@ void SelectCont::List1_Click() {
   contest.contest_name = contest.contest_line = name;
   app_.main.lblGet_zsm3.text = "Contest  ： " + name;
   write_cont_name(app_, name);
-  if (name == "ARRL International DX Contest") select_power_of_log();
+  name == "ARRL International DX Contest" ? select_power_of_log() : forget_power_of_log();
   if (app_.state.input.in_kind != "zlog_zlo") get_mode_band_all(app_);
   lblMsg.text.clear();
   if (contains(name, "JIDX")) {
@@ -241,10 +241,21 @@ void SelectCont::select_power_of_log() {
   if (app_.state.input.in_kind == "zlog_all") get_power_all(app_);
   const std::string& power = app_.state.category.max_power_text;
   if (const auto option = power_option_of(power)) {
+    if (!power_before_log_) power_before_log_ = Option1.selected;
     select(Option1, *option);
     Option1_Check();
   }
   lblPower.text = "PWR: " + power;
+}
+
+/// Other contests send no power: what a first guess of the contest read as one must not stay.
+void SelectCont::forget_power_of_log() {
+  if (!power_before_log_) return;
+  select(Option1, *power_before_log_);
+  power_before_log_.reset();
+  Option1_Check();
+  lblPower.text.clear();
+  app_.main.lblPower.text.clear();
 }
 
 void SelectCont::Check1_Click() {
@@ -267,6 +278,11 @@ void SelectCont::All_Option_Check() {
   Option5_Check();
   Option6_Check();  // behind the operator: what is chosen here wins over the operator's values
   Option7_Check();
+}
+
+void SelectCont::Option1_Click() {
+  power_before_log_.reset();
+  Option1_Check();
 }
 
 void SelectCont::Option1_Check() {

@@ -56,6 +56,8 @@ class SelectCont final : public Form {
   /// Presets contest, mode and band of a ZLO log from its title and the last scan.
   void search_zlo_no_zsm();
 
+  /// A power that the user clicks stays whatever contest is chosen later.
+  void Option1_Click();
   /// A click on an operator also moves the transmitter and station options to that operator's values.
   void Option3_Click();
   void All_Option_Check();
@@ -74,12 +76,14 @@ class SelectCont final : public Form {
   void preset_precedence();
   void select_scanned_options(int mode, int band);
   void select_power_of_log();
+  void forget_power_of_log();
   bool has_contest() const;
   void make_sheet(SheetSteps steps);
   void show_category();
   void finish();
 
   App& app_;
+  std::optional<int> power_before_log_;  ///< the power chosen before the log's own was taken
 };
 
 }  // namespace varnisto

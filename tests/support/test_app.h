@@ -74,7 +74,7 @@ class TestApp {
 struct AllQso {
   std::string date = "2025/11/29", time = "00:12", call = "QX9DEF";
   std::string sent = "599", sent_exch = "25", rcvd = "599", rcvd_exch = "14";
-  std::string mult1 = "", mult2 = "", band = "7", mode = "CW", points = "1", after = "", memo = "";
+  std::string mult1{}, mult2{}, band = "7", mode = "CW", points = "1", after{}, memo{};
 };
 std::string all_line(const AllQso& qso);
 

@@ -3,7 +3,7 @@
 
 #include "core/app.h"
 
-namespace varnisto::fuzz {
+namespace varnisto::test {
 
 class NullProfile final : public Profile {
  public:
@@ -48,4 +48,4 @@ struct NullApp {
   App app{platform, desk};
 };
 
-}  // namespace varnisto::fuzz
+}  // namespace varnisto::test

@@ -1,0 +1,188 @@
+#include "cabrillo/category.h"
+
+#include <gtest/gtest.h>
+
+#include "cabrillo/contest.h"
+#include "cabrillo/summary.h"
+#include "support/errors.h"
+#include "support/test_app.h"
+
+namespace varnisto::test {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+struct TextsCase {
+  std::string code, contest, summary;
+};
+
+class Texts : public testing::TestWithParam<TextsCase> {};
+
+TEST_P(Texts, OfAContestCode) {
+  const CategoryTexts texts = category_texts(GetParam().code, {"OP ", "band", "VAL", "LOW", "SSB "});
+  EXPECT_EQ(texts.contest, GetParam().contest);
+  EXPECT_EQ(texts.summary, GetParam().summary);
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, Texts,
+                         testing::Values(TextsCase{"ARRL-10", "ARRL-10", "OP 10M LOW SSB "},
+                                         TextsCase{"ARRL-DX", "ARRL-DX-SSB ", "OP band LOW"},
+                                         TextsCase{"ARRL-160", "ARRL-160", "OP band LOW SSB "},
+                                         TextsCase{"CQ-160", "CQ-160-SSB ", "OP band LOW"},
+                                         TextsCase{"IARU-HF", "IARU-HF", "OP band LOW SSB "},
+                                         TextsCase{"WAEDC-", "WAEDC-SSB ", "OP band LOW"},
+                                         TextsCase{"WAEDC", "WAEDC-SSB ", "OP VAL LOW"},
+                                         TextsCase{"CQ-WW", "CQ-WW-SSB ", "OP VAL LOW"},
+                                         TextsCase{"", "", "OP band LOW SSB "}));
+
+struct TitleCase {
+  std::string title, code;
+};
+
+class Title : public testing::TestWithParam<TitleCase> {};
+
+TEST_P(Title, BecomesACode) {
+  TestApp test;
+  test.folder.write_text("contest_name.cfg", "Perry,FIRST,x\nStew Perry,STEW-PERRY,x\nCQ,CQ-LIST,x\n");
+  test.app.state.program.app_dir = test.folder.path();
+  test.app.state.contest.cont_id = GetParam().title;
+  map_title_to_code(test.app);
+  EXPECT_EQ(test.app.state.contest.cont_id, GetParam().code);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Titles, Title,
+    testing::Values(TitleCase{"CQWW DX Contest 2002", "CQ-WW"}, TitleCase{"CQ WPX Contest", "CQ-WPX"},
+                    TitleCase{"ARRL International DX", "ARRL-DX"}, TitleCase{"IARU HF World", "IARU-HF"},
+                    TitleCase{"CQWW160     x", "CQ-160"}, TitleCase{"CQWW160 Contest", "CQ-LIST"},
+                    TitleCase{"JIDX", "JIDX"}, TitleCase{"JIDX Contest (JA)", "JIDX"},
+                    TitleCase{"cqww dx contest", "cqww dx contest"}, TitleCase{"Stew Perry Topband", "FIRST"},
+                    TitleCase{"", ""}));
+
+TEST(Title, OfAJidxCwLogGoesByItsBands) {
+  CategoryState category;
+  category.mode_sel_cat = 2;
+  const char* const codes[] = {"now", "JIDX-LF", "JIDX-HF"};
+  for (std::int16_t flag = 0; flag < 3; ++flag) {
+    category.lowband_flag = flag;
+    EXPECT_EQ(jidx_code(category, "now"), codes[flag]);
+  }
+  category.mode_sel_cat = 1;
+  EXPECT_EQ(jidx_code(category, "now"), "JIDX");
+  EXPECT_EQ(ccc_type_code("CQWW DX"), "CQ-WW");
+  EXPECT_EQ(ccc_type_code("CQWW"), std::nullopt);
+}
+
+TEST(JidxCategory, IsBandAndLowPowerOrMop) {
+  const std::array<std::string, 4> rows[] = {
+      {"Single-op ", "7", "LOW", "7L"},      {"SINGLE-OP", "All Band", "HIGH", "AB"},
+      {"single-op", "160M ", "LOW", "1.8L"}, {"SINGLE-OP", "1.9", "QRP", "1.8"},
+      {"SINGLE-OP", "80m", "LOW", "3.5L"},   {"SINGLE-OP", "50M", "LOW", "ABL"},
+      {"SINGLE-OP", "28", "LOW", "28L"},     {"SINGLE-OP-ASSISTED", "7", "LOW", "MOP"},
+      {"Multi-One", "7", "LOW", "MOP"}};
+  for (const auto& [op, band, power, code] : rows)
+    EXPECT_EQ(jidx_category_code(op, band, power), code) << op << band;
+}
+
+TEST(CategoryLine, AssistedIsOneWordAndDoubleBlanksAreOne) {
+  EXPECT_EQ(category_line_words("Single-op a 7 MHz CW (assisted)"),
+            (Strings{"Single-op-A", "7", "MHz", "CW", "(assisted)"}));
+  EXPECT_EQ(category_line_words("Single-op Assisted  All band CW"),
+            (Strings{"Single-op-Assisted", "All", "band", "CW"}));
+  EXPECT_EQ(category_line_words("Single-op a 7 MHz CW"), (Strings{"Single-op", "a", "7", "MHz", "CW"}));
+}
+
+TEST(Score, IsAWholeNumberWithCommas) {
+  EXPECT_EQ(score_value("1,234,567", ""), 1234567);
+  EXPECT_EQ(score_value("-5", ""), -5);
+  for (const char* text : {"", "-", "12 points", "1.5", "+5", "１２"})
+    EXPECT_EQ(error_of([&] { score_value(text, ""); }), 13) << text;
+  EXPECT_EQ(error_of([] { score_value("2147483648", ""); }), 6);
+  EXPECT_EQ(error_of([] { score_value(std::string(400, '9'), ""); }), 6);
+}
+
+struct SummaryCase {
+  std::string category;
+  std::string cat_operator, assisted, band, mode, contest, summary;
+};
+
+class Summary : public testing::TestWithParam<SummaryCase> {};
+
+TEST_P(Summary, SetsTheCategoryValues) {
+  TestApp test;
+  test.start();
+  App& app = test.app;
+  app.state.category.cat_mode = "MIXED";
+  read_summary(
+      app, TextReader::from_bytes("CQ WPX Contest \r\nCall sign: QX9\r\nCategory: " + GetParam().category +
+                                  "\r\nTotal score : 123 = 4 x 5\r\nTotal : 9\r\n"));
+  sep_space_cbr(app);
+  const CategoryState& category = app.state.category;
+  EXPECT_EQ(category.cat_operator, GetParam().cat_operator);
+  EXPECT_EQ(category.cat_assisted, GetParam().assisted);
+  EXPECT_EQ(category.cat_band, GetParam().band);
+  EXPECT_EQ(category.cat_mode, GetParam().mode);
+  EXPECT_EQ(category.cat_text, GetParam().category);
+  EXPECT_EQ(app.state.contest.contest, GetParam().contest);
+  EXPECT_EQ(category.cat_summary, GetParam().summary);
+  EXPECT_EQ(app.state.contest.contest_line, "CQ WPX Contest");
+  EXPECT_EQ(app.state.tally.total_score, 123);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, Summary,
+                         testing::Values(SummaryCase{"Single-op 28 MHz Ph", "SINGLE-OP", "NON-ASSISTED",
+                                                     "10M", "SSB", "CQ-WPX-SSB ", "Single-op 10M LOW"},
+                                         SummaryCase{"Single-op All Band Mixed", "SINGLE-OP", "NON-ASSISTED",
+                                                     "ALL", "MIXED", "CQ-WPX-", "Single-op ALL LOW"},
+                                         SummaryCase{"Single-op Assisted 7 MHz CW", "SINGLE-OP", "ASSISTED",
+                                                     "40M", "CW", "CQ-WPX-CW ", "Single-op-Assisted 40M LOW"},
+                                         SummaryCase{"Multi-Two 1.9 MHz RTTY", "MULTI-OP", "NON-ASSISTED",
+                                                     "160M", "RTY", "CQ-WPX-RTY ", "Multi-Two 160M LOW"},
+                                         SummaryCase{"Multi-op 50 MHz FM", "SINGLE-OP", "NON-ASSISTED", "50M",
+                                                     "MIXED", "CQ-WPX-", "Multi-op 50M LOW"}));
+
+TEST(Summary, WithFewerThanFourCategoryWordsEndsTheProgramAfterAMessage) {
+  TestApp test;
+  test.start();
+  test.app.state.input.zsm_use_name = "x.zsm";
+  EXPECT_THROW(read_summary(test.app, TextReader::from_bytes("T\nCategory: Single-op 7 MHz\n")), ProgramEnd);
+  ASSERT_EQ(test.desk.boxes.size(), 1U);
+  EXPECT_EQ(test.desk.boxes[0].title, "　　Category 項目数が足りません。");
+  EXPECT_TRUE(test.desk.boxes[0].text.starts_with(
+      "[　x.zsm ] の Category 項目数が足りません。\r\n\r\n読み込んだデータ ：  Single-op 7 "
+      "MHz\r\n\r\n下記の例"));
+  EXPECT_EQ(error_of([&] { read_summary(test.app, TextReader::from_bytes("")); }), 62);
+}
+
+TEST(CategoryOfTheDialog, BecomesContestAndShortText) {
+  TestApp test;
+  test.start();
+  App& app = test.app;
+  app.state.contest.select_from = "za2c_zsm";
+  app.state.contest.contest_name = "CQWW DX Contest";
+  app.state.category.operator_cat = "SINGLE-OP";
+  app.state.category.power_cat = "LOW";
+  app.state.category.band_sel = 4;
+  app.state.category.band_sel_known = true;
+  app.state.tally.ssb_count = 5;
+  set_category_cbr(app);
+  EXPECT_EQ(app.state.contest.contest, "CQ-WW-SSB ");
+  EXPECT_EQ(app.state.category.cat_summary, "SINGLE-OP 20M LOW");
+
+  app.state.contest.contest_name = "JIDX Contest (JA)";
+  app.state.tally.total_score = 100;
+  app.state.tally.qsos_total = 5;
+  set_category_cbr(app);
+  EXPECT_EQ(app.state.contest.contest, "JIDX-PH");
+  EXPECT_EQ(app.state.category.cat_summary, "14L");
+  EXPECT_EQ(app.state.tally.score_detail, "100 5-0-0");
+
+  app.state.category.band_sel_known = false;
+  app.state.contest.contest_name = "IARU HF Worl";
+  app.state.tally.band_tally[0].qso_cnt = app.state.tally.band_tally[1].qso_cnt = 1;
+  set_category_cbr(app);
+  EXPECT_EQ(app.state.category.cat_summary, "SINGLE-OP ALL  LOW SSB ");
+}
+
+}  // namespace
+}  // namespace varnisto::test

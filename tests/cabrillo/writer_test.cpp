@@ -1,0 +1,238 @@
+#include "cabrillo/writer.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+#include "cabrillo/all_scan.h"
+#include "cabrillo/header.h"
+#include "support/test_app.h"
+
+namespace varnisto::test {
+namespace {
+
+class Lines final : public LineSink {
+ public:
+  std::string text;
+  void put(std::string_view line) override { text.append(line).append("\n"); }
+};
+
+std::string header(const App& app) {
+  Lines lines;
+  put_cbr_header(app, lines);
+  return lines.text;
+}
+
+std::string log_of(std::initializer_list<AllQso> qsos) {
+  std::string text = "zLog for Windows \n";
+  for (const AllQso& qso : qsos) text += all_line(qso) + "\n";
+  return text;
+}
+
+struct HeaderCase {
+  std::string name;
+  void (*prepare)(State&);
+  std::string holds, lacks;
+};
+
+class Header : public testing::TestWithParam<HeaderCase> {};
+
+TEST_P(Header, LineIsWrittenWhenItsConditionHolds) {
+  TestApp test;
+  test.start();
+  test.app.state.contest.contest = "CQ-WW-CW";
+  GetParam().prepare(test.app.state);
+  const std::string text = header(test.app);
+  EXPECT_TRUE(contains(text, GetParam().holds)) << text;
+  EXPECT_FALSE(contains(text, GetParam().lacks)) << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, Header,
+    testing::Values(
+        HeaderCase{"location", [](State& s) { s.contest.contest = "ARRL-10"; },
+                   "\nLOCATION: DX\nCONTEST: ARRL-10\n", "JIDX"},
+        HeaderCase{"no_location", [](State&) {}, "\nCONTEST: CQ-WW-CW\nCALLSIGN: QX1ABC\n", "LOCATION"},
+        HeaderCase{"not_assisted", [](State&) {}, "CATEGORY-ASSISTED: NON-ASSISTED\n", ": ASSISTED"},
+        HeaderCase{"assisted", [](State& s) { s.category.operator_cat = "SINGLE-OP-ASSISTED"; },
+                   "CATEGORY-ASSISTED: ASSISTED\n", "NON-"},
+        HeaderCase{"mixed_case_assisted",
+                   [](State& s) {
+                     s.category.operator_cat = "Single-op-Assisted";
+                     s.category.cat_summary = "SINGLE-OP-ASSISTED ALL LOW";
+                   },
+                   "CATEGORY-STATION: ", "CATEGORY-ASSISTED"},
+        HeaderCase{"listed_without_assisted", [](State& s) { s.contest.contest = "AA-DX-CW"; },
+                   "CONTEST: AA-DX-CW\n", "CATEGORY-ASSISTED"},
+        HeaderCase{"single_op_transmitter",
+                   [](State& s) {
+                     s.category.cat_transmitter = "TWO";
+                     s.category.transmitter_chosen = true;
+                   },
+                   "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
+        HeaderCase{"multi_op_transmitter",
+                   [](State& s) {
+                     s.category.cat_operator = "MULTI-OP";
+                     s.category.cat_transmitter = "TWO";
+                     s.category.transmitter_chosen = true;
+                   },
+                   "CATEGORY-TRANSMITTER: TWO\n", "ONE"},
+        HeaderCase{"multi_op_without_choice",
+                   [](State& s) {
+                     s.category.cat_operator = "MULTI-OP";
+                     s.category.cat_transmitter = "TWO";
+                   },
+                   "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
+        HeaderCase{"overlay", [](State& s) { s.category.overlay_cat = "ROOKIE"; },
+                   "\nCATEGORY-OVERLAY: ROOKIE\nCLAIMED-SCORE: 0\n", "JIDX"},
+        HeaderCase{"no_overlay", [](State& s) { s.category.overlay_cat = " "; }, "CLAIMED-SCORE: 0\n",
+                   "OVERLAY"},
+        HeaderCase{"jidx_score",
+                   [](State& s) {
+                     s.contest.contest = "JIDX-CW";
+                     s.tally.score_detail = "9 3-2-1";
+                   },
+                   "CLAIMED-SCORE: 9 3-2-1\n", "SCORE: 0"},
+        HeaderCase{"soapbox",
+                   [](State& s) {
+                     s.settings.comments_2 = "two";
+                     s.settings.comments_5 = "five";
+                   },
+                   "ADDRESS: Japan\nSOAPBOX: two\nSOAPBOX: five\n", "SOAPBOX: \n"}),
+    [](const auto& line) { return line.param.name; });
+
+/// A log whose contest and category come from the program's own dialog.
+class OwnCategory : public testing::Test {
+ protected:
+  OwnCategory() {
+    test.start();
+    app.state.settings.comments_2.clear();
+    app.state.input.in_kind = "zlog_all";
+    app.state.input.out_dir = work.path();
+    app.state.contest.select_from = "za2c_zsm";
+    app.state.category.operator_cat = "SINGLE-OP";
+    app.state.category.power_cat = "LOW";
+    app.state.category.cat_band = "ALL";
+    app.state.category.cat_mode = "CW";
+    app.state.category.cat_station.clear();
+    app.state.tally.cw_count = 2;
+    app.state.tally.total_score = 12;
+  }
+
+  void write(const std::string& title, std::initializer_list<AllQso> qsos) {
+    app.state.contest.contest_name = title;
+    app.state.input.in_name = work.write_text("log.all", log_of(qsos));
+    zlog_all_za2c_print(app);
+  }
+
+  TestApp test;
+  TempDir work;
+  App& app = test.app;
+};
+
+TEST_F(OwnCategory, GivesAWholeFile) {
+  app.state.settings.get_freq_flag = "1";
+  write("IARU HF Championship",
+        {{.rcvd_exch = "25", .memo = "(7012.5)"}, {.rcvd = ""}, {.call = "表/P", .mode = "AM"}});
+  EXPECT_EQ(app.state.input.out_name, work.path() + "QX1ABC.cbr");
+  EXPECT_EQ(app.state.input.qsos_written, 2);
+  EXPECT_EQ(work.read_text("QX1ABC.cbr"),
+            "START-OF-LOG: 3.0\n"
+            "CREATED-BY: Varnisto.exe ver 3.09\n"
+            "LOCATION: DX\n"
+            "CONTEST: IARU-HF\n"
+            "CALLSIGN: QX1ABC\n"
+            "CATEGORY-OPERATOR: SINGLE-OP\n"
+            "CATEGORY-TRANSMITTER: ONE\n"
+            "CATEGORY-POWER: LOW\n"
+            "CATEGORY-MODE: CW\n"
+            "CATEGORY-BAND: ALL\n"
+            "CATEGORY-STATION: FIXED\n"
+            "CATEGORY-ASSISTED: NON-ASSISTED\n"
+            "CLAIMED-SCORE: 12\n"
+            "OPERATORS: QX1ABC\n"
+            "NAME: Taro Mihon\n"
+            "ADDRESS: 1-2-3 Kakuu-cho\n"
+            "ADDRESS: Mihon-shi 000-0000\n"
+            "ADDRESS: Japan\n"
+            "QSO: 012.5 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 25     \n"
+            "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     表/P           599 14     \n"
+            "END-OF-LOG:\n");
+}
+
+TEST_F(OwnCategory, RttyOptionAndJidxNumberReachTheLines) {
+  app.state.settings.mode_2_rtty_flag = "1";
+  write("JIDX Contest (JA)", {{.sent_exch = ""}});
+  EXPECT_EQ(app.state.input.out_name, work.path() + "QX1ABC-ABL.log");
+  EXPECT_TRUE(
+      contains(work.read_text("QX1ABC-ABL.log"),
+               "\nQSO:  7000 RY 2025-11-29 0012 QX1ABC        599 10     QX9DEF        599 14     \n"));
+}
+
+TEST_F(OwnCategory, DialogChoicesWinWhenPreferred) {
+  app.state.settings.select_cont_yusen = "1";
+  app.state.category.dialog_shown = true;
+  app.state.category.dialog_category = "SINGLE-OP 3.5 LOW--CW";
+  write("CQWW DX Contest", {{}});
+  EXPECT_EQ(app.state.category.cat_summary, "SINGLE-OP 80M LOW-");
+}
+
+TEST_F(OwnCategory, ALogWithoutQsosLeavesTheEarlierOutput) {
+  work.write("QX1ABC.cbr", "earlier");
+  for (const char* bytes : {"", "title", "title\r\n  \r\n\r\n",
+                            "title\r\n\x1A"
+                            "2025"}) {
+    app.state.contest.contest_name = "CQWW DX Contest";
+    app.state.input.in_name = work.write("log.all", bytes);
+    EXPECT_THROW(zlog_all_za2c_print(app), Refusal) << bytes;
+    EXPECT_EQ(work.read("QX1ABC.cbr"), "earlier");
+  }
+}
+
+struct ScanCase {
+  std::vector<AllQso> qsos;
+  int mode_sel, band_sel, lowband_flag;
+  std::string power;
+};
+
+class Scan : public testing::TestWithParam<ScanCase> {};
+
+TEST_P(Scan, GuessesModeBandAndPower) {
+  TestApp test;
+  std::string text = "title\n";
+  for (const AllQso& qso : GetParam().qsos) text += all_line(qso) + "\n";
+  test.app.state.input.in_name = test.folder.write_text("log.all", text);
+  get_mode_band_all(test.app);
+  get_power_all(test.app);
+  const CategoryState& category = test.app.state.category;
+  EXPECT_EQ(category.mode_sel, GetParam().mode_sel);
+  EXPECT_EQ(category.band_sel, GetParam().band_sel);
+  EXPECT_EQ(category.lowband_flag, GetParam().lowband_flag);
+  EXPECT_EQ(category.max_power_text, GetParam().power);
+}
+
+AllQso sent(const std::string& band, const std::string& mode, const std::string& exchange) {
+  return {.sent_exch = " " + exchange, .band = band, .mode = mode};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Logs, Scan,
+    testing::Values(
+        ScanCase{{}, 0, 0, 2, ""}, ScanCase{{sent("7", "CW", "100")}, 2, 3, 1, "100"},
+        ScanCase{{sent("28", "SSB", "5"), sent("29", "SSB", "100"), sent("28", "SSB", "99")}, 1, 6, 2, "100"},
+        ScanCase{{sent("1.8", "RTY", "KW"), sent("1.9", "RTTY", "999")}, 3, 1, 1, "KW"},
+        ScanCase{{sent("14", "CW", "1K"), sent("21", "SSB", "KW")}, 0, 0, 2, "1K"},
+        ScanCase{{sent("14", "FM", "0"), sent("50", "AM", "x")}, 0, 4, 2, ""}));
+
+TEST(Scan, PowerThresholdsSelectTheOption) {
+  TestApp test;
+  test.start();
+  const std::pair<const char*, int> rows[] = {{"5", 2}, {"6", 1}, {"150", 1}, {"151", 0}, {"kw", 0}};
+  for (const auto& [text, option] : rows) {
+    test.app.state.category.max_power_text = text;
+    select_power_of_log(test.app);
+    EXPECT_EQ(test.app.main.Option1.selected, option) << text;
+  }
+}
+
+}  // namespace
+}  // namespace varnisto::test

@@ -1,0 +1,216 @@
+#include "ui/select_cont.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_app.h"
+#include "ui/frm_overlay.h"
+
+namespace varnisto::test {
+namespace {
+
+struct PathCase {
+  std::string name, path;
+  std::optional<int> row;
+};
+class ContestRow : public testing::TestWithParam<PathCase> {};
+TEST_P(ContestRow, IsGuessedFromThePath) {
+  EXPECT_EQ(contest_row_of_path(GetParam().path), GetParam().row);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Rules, ContestRow,
+    testing::Values(PathCase{"ar_comes_before_ten_metres", "/LOGS/ARRL10_2002.ALL", 0},
+                    PathCase{"folder_counts_too", "/HARBOUR/CQWW.ALL", 0},
+                    PathCase{"ardx_whatever_else", "/IA/ARDX.ALL", 0}, PathCase{"iaru", "/LOGS/IARU.ALL", 4},
+                    PathCase{"ia_and_ar", "/LOGS/ARIA.ALL", 4},
+                    PathCase{"ia_and_arrl_is_arrl", "/IA/ARRL.ALL", 0},
+                    PathCase{"ia_and_arrl10_is_iaru", "/IA/ARRL10.ALL", 4},
+                    PathCase{"cq_ww", "/LOGS/CQWW.ALL", 3}, PathCase{"jidx", "/LOGS/JIDX_CW.ALL", 5},
+                    PathCase{"wpx", "/LOGS/WPX.ALL", 2}, PathCase{"wae", "/LOGS/WAE.ALL", 6},
+                    PathCase{"ten_metres", "/LOGS/10M.ALL", 1}, PathCase{"iota", "/LOGS/IOTA.ALL", 7},
+                    PathCase{"nothing", "/LOGS/UBA.ALL", std::nullopt}),
+    [](const auto& c) { return c.param.name; });
+
+struct StepsCase {
+  std::string name;
+  bool zlo;
+  std::string contest_name, cont_id;
+  SheetSteps steps;
+};
+class Steps : public testing::TestWithParam<StepsCase> {};
+TEST_P(Steps, FollowTitleAndCode) {
+  const StepsCase& c = GetParam();
+  EXPECT_EQ(sheet_steps_of(c.zlo, c.contest_name, c.cont_id), c.steps);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Rules, Steps,
+    testing::Values(StepsCase{"waedc_title", false, "WAEDC Contest", "x", SheetSteps::waedc},
+                    StepsCase{"waedc_code", false, "WAE DX Contest", "waedc", SheetSteps::waedc},
+                    StepsCase{"iota", false, "iota contest", "RSGB", SheetSteps::iota},
+                    StepsCase{"jidx", false, "JIDX Contest", "JIDX", SheetSteps::tally},
+                    StepsCase{"any_other", false, "UBA DX Contest", "UBA-DX", SheetSteps::tally},
+                    StepsCase{"code_alone_says_cqww", false, "CQ WW", "CQWW-CW", SheetSteps::general_sheet},
+                    StepsCase{"zlo_jidx", true, "x", "JIDX-LF", SheetSteps::tally},
+                    StepsCase{"zlo_waedc", true, "WAEDC Contest", "WAEDC", SheetSteps::waedc},
+                    StepsCase{"zlo_has_its_sheet", true, "CQWW DX Contest", "CQ-WW", SheetSteps::none}),
+    [](const auto& c) { return c.param.name; });
+
+/// A log of one QSO that was opened without a dialog; the form is made by the test.
+class SelectContTest : public testing::Test {
+ protected:
+  SelectContTest() {
+    test.start();
+    work.write_text("log.ALL", "title\n" + all_line({}) + "\n");
+    test.open(work.path() + "log.ALL");
+    test.desk.forms.clear();
+  }
+  void forget_guess(SelectCont& form) {
+    form.List1.selected = -1;
+    test.app.state.contest.contest_name.clear();
+  }
+  static void click_option(SelectCont& form, const std::string& group, int option) {
+    form.find<OptionGroup>(group)->selected = option;
+    form.click(group, option);
+  }
+  static void choose(SelectCont& form, int row) {
+    form.List1.selected = row;
+    form.click("List1", row);
+  }
+  CategoryState& category() { return test.app.state.category; }
+
+  TestApp test;
+  TempDir work;
+};
+
+TEST_F(SelectContTest, PresetsFromLogAndMainWindow) {
+  test.app.main.Option1.selected = 0;
+  test.app.main.Option3.selected = 4;
+  test.app.state.settings.select_cont_yusen = "1";
+  SelectCont form{test.app};
+  EXPECT_EQ(form.List1.items.size(), test.app.state.contest.contest_names.size());
+  EXPECT_EQ(form.Option2.selected, 2);  // a CW log
+  EXPECT_EQ(form.Option4.selected, 3);  // on 7 MHz
+  EXPECT_EQ(form.Option3.selected, 4);
+  EXPECT_EQ(form.Option6.selected, 1);
+  EXPECT_EQ(form.Option7.selected, 0);
+  EXPECT_EQ(form.Option5.selected, 0);
+  EXPECT_FALSE(form.Check1.enabled);
+  EXPECT_FALSE(form.Check1.checked);
+  EXPECT_EQ(test.app.state.settings.select_cont_yusen, "0");
+  EXPECT_EQ(form.cmdDisp_in.tip, test.app.state.input.in_name + " の表示");
+}
+
+TEST_F(SelectContTest, ASummaryOfAnyCaseEnablesTheCheckBox) {
+  work.write("LOG.ZSM", "x");
+  test.app.state.settings.select_cont_yusen.clear();
+  SelectCont form{test.app};
+  EXPECT_TRUE(form.Check1.enabled);
+  EXPECT_TRUE(form.Check1.checked);
+  form.Check1.checked = false;
+  form.click("Check1");
+  EXPECT_EQ(test.app.state.settings.select_cont_yusen, "0");
+}
+
+struct OperatorCase {
+  int option;
+  std::string op, text, cat_operator, transmitter, station;
+};
+class OperatorOption : public SelectContTest, public testing::WithParamInterface<OperatorCase> {};
+TEST_P(OperatorOption, SetsItsValuesAndMovesTheOtherGroups) {
+  SelectCont form{test.app};
+  choose(form, 3);
+  click_option(form, "Option7", 3);  // PORTABLE: stays where the operator names no station
+  click_option(form, "Option3", GetParam().option);
+  form.click("cmdOK");
+  EXPECT_EQ(category().operator_cat, GetParam().op);
+  EXPECT_EQ(category().zsm_operator, GetParam().text);
+  EXPECT_EQ(category().cat_operator, GetParam().cat_operator);
+  EXPECT_EQ(category().cat_transmitter, GetParam().transmitter);
+  EXPECT_EQ(category().cat_station, GetParam().station);
+  EXPECT_EQ(test.app.main.Option3.selected, GetParam().option);
+  EXPECT_TRUE(category().dialog_shown && category().transmitter_chosen);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Rows, OperatorOption,
+    testing::Values(OperatorCase{1, "SINGLE-OP-ASSISTED", "Single-op-Assisted", "SINGLE-OP", "ONE", "FIXED"},
+                    OperatorCase{2, "SCHOOL-CLUB", "School-Club", "SCHOOL-CLUB", "UNLIMITED", "SCHOOL"},
+                    OperatorCase{3, "MULTI-ONE", "Multi-One", "MULTI-OP", "ONE", "PORTABLE"},
+                    OperatorCase{5, "MULTI-MULTI", "Multi-Multi", "MULTI-OP", "UNLIMITED", "PORTABLE"},
+                    OperatorCase{6, "CHECKLOG", "CheckLog", "CHECKLOG", "UNLIMITED", "PORTABLE"}),
+    [](const auto& c) { return "option" + std::to_string(c.param.option); });
+
+TEST_F(SelectContTest, ALaterClickOnTheTransmitterWins) {
+  SelectCont form{test.app};
+  choose(form, 3);
+  click_option(form, "Option3", 5);
+  click_option(form, "Option6", 2);
+  form.click("cmdOK");
+  EXPECT_EQ(category().cat_transmitter, "LIMITED");
+}
+
+TEST_F(SelectContTest, OnlyArrlDxTakesThePowerFromTheLog) {
+  test.app.main.Option1.selected = 0;
+  AllQso qso;
+  qso.sent_exch = " 5";
+  work.write_text("log.ALL", "title\n" + all_line(qso) + "\n");
+  SelectCont form{test.app};
+  choose(form, 0);
+  EXPECT_EQ(form.Option1.selected, 2);
+  EXPECT_EQ(form.lblPower.text, "PWR: 5");
+  choose(form, 3);
+  EXPECT_EQ(form.Option1.selected, 0);
+  EXPECT_EQ(category().cat_power, "HIGH");
+  click_option(form, "Option1", 1);
+  choose(form, 4);
+  EXPECT_EQ(form.Option1.selected, 1);
+}
+
+TEST_F(SelectContTest, OkAsksForAContestWhenNoneIsKnown) {
+  SelectCont form{test.app};
+  forget_guess(form);
+  form.click("cmdOK");
+  EXPECT_FALSE(form.closed);
+  EXPECT_EQ(test.desk.boxes.size(), 1U);
+  EXPECT_FALSE(category().dialog_shown);
+  EXPECT_FALSE(work.has("log_za2c.zsm"));
+}
+
+TEST_F(SelectContTest, OnlyIotaEnablesItsClassAndSixHoursIsStored) {
+  SelectCont form{test.app};
+  choose(form, 7);
+  EXPECT_TRUE(form.Option5.enabled);
+  click_option(form, "Option5", 2);
+  EXPECT_EQ(test.app.state.settings.iota_class, "6-HOURS");
+  choose(form, 5);
+  EXPECT_FALSE(form.Option5.enabled);
+  EXPECT_EQ(test.desk.texts.back(),
+            "JIDX Contest\r\n               High Power(出力100wを超える局),\r\n"
+            "               Low Power(出力100w以下の局)");
+  EXPECT_EQ(test.folder.read_text("cont_name.txt"), "JIDX Contest\n");
+}
+
+TEST_F(SelectContTest, PrecedenceShowsTheChoicesInTheMainWindow) {
+  work.write_text("log.zsm", "CQWW DX Contest\n");
+  test.app.state.settings.select_cont_yusen = "1";
+  SelectCont form{test.app};
+  choose(form, 3);
+  click_option(form, "Option2", 1);
+  form.click("cmdOK");
+  EXPECT_EQ(test.app.main.lblCategory.text, "CATEGORY: SINGLE-OP LOW SSB");
+  EXPECT_EQ(test.app.main.lblYusen.text, "設定優先");
+  EXPECT_EQ(category().zsm_category, "Single-op 7 MHz PH");
+}
+
+TEST_F(SelectContTest, TheOverlaysReturnButtonLeadsBack) {
+  test.desk.on_show = [&](FormName) { FrmOverlay{test.app}.click("cmdBack"); };
+  SelectCont form{test.app};
+  choose(form, 2);
+  form.click("cmdOK");
+  EXPECT_FALSE(form.closed);
+  test.desk.on_show = [&](FormName) { FrmOverlay{test.app}.click("cmdOK"); };
+  form.click("cmdOK");
+  EXPECT_TRUE(form.closed);
+  EXPECT_EQ(test.desk.forms.size(), 2U);
+}
+
+}  // namespace
+}  // namespace varnisto::test
