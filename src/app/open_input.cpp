@@ -29,6 +29,10 @@ constexpr Kind kinds[] = {{"ALL", "zlog_all", "_za2c.zsm", &InputState::za2c_nam
                           {"TXT", "ccc_txt", "_ct2c.zsm", &InputState::ct2c_name, false},
                           {"BIN", "ccc_bin", "_cb2c.zsm", &InputState::cb2c_name, false}};
 
+constexpr std::string_view zlog_export_text =
+    "Zlogw の txt 形式には未対応です\r\nZlogw の all 形式のﾌｧｲﾙにて実行して下さい。";
+constexpr std::string_view no_ccc_text =
+    "CCC の txt 形式ではありません。\r\n正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。";
 constexpr std::string_view unknown_kind_text =
     "対応していない形式のファイルです。\r\n*.all , *.zlo , *.txt , *.bin のファイルを指定して下さい。";
 
@@ -90,24 +94,23 @@ void derive_output_names(App& app) {
   input.qlg_name = base + ".qlg";
 }
 
-/// A text file that is no CCC log is refused with these words; true when it was.
+/// The input cannot be used: says why and keeps the start button off.
+void refuse(App& app, std::string_view why) {
+  show_text(app, std::string{why}, Color::red);
+  app.state.input.in_err_flag = 1;
+  app.main.kaishi.enabled = app.main.cmdReSelect.enabled = app.main.cmdRe_write_zlog_zsm.enabled = false;
+}
+
+/// A text file that is no CCC log is refused; true when it was.
 bool refuse_foreign_text(App& app) {
   std::string_view first;
   TextReader reader{app.state.input.in_name};
   reader.next(first);
   first = left(first, 4);
   if (first == "CCC ") return false;
-  if (first == "mon ") {
-    app.state.input.in_type = "mon";
-    show_text(app, lines({"Zlogw の txt 形式には未対応です", "Zlogw の all 形式のﾌｧｲﾙにて実行して下さい。"}),
-              Color::red);
-  } else {
-    show_text(app,
-              lines({"CCC の txt 形式ではありません。", "正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。"}),
-              Color::red);
-  }
-  app.state.input.in_err_flag = 1;
-  app.main.kaishi.enabled = app.main.cmdReSelect.enabled = app.main.cmdRe_write_zlog_zsm.enabled = false;
+  const bool zlog_export = first == "mon ";
+  if (zlog_export) app.state.input.in_type = "mon";
+  refuse(app, zlog_export ? zlog_export_text : no_ccc_text);
   return true;
 }
 
@@ -126,9 +129,7 @@ void prepare(App& app, std::string_view in_kind) {
   if (in_kind == "zlog_all") {
     app.main.mnuDisp2_in.enabled = true;
     input.z2a_name_all = input.z2a_name;
-    if (has_qso_lines(input.in_name)) return shori_zlog_all(app);
-    input.in_err_flag = 1;
-    show_text(app, std::string{no_qso_text}, Color::red);
+    has_qso_lines(input.in_name) ? shori_zlog_all(app) : refuse(app, no_qso_text);
   } else if (in_kind == "zlog_zlo") {
     input.z2a_name_zlo = input.z2a_name;
     mnuMake_z2a_Click(app);
@@ -162,13 +163,17 @@ void FileOpen2(App& app) {
     input.in_zsm_upper = replace_all(input.in_zsm_upper, ext, ".zsm");
 
   const auto* kind = std::ranges::find(kinds, input.in_ext_upper, &Kind::ext_upper);
-  if (kind == std::end(kinds)) throw Refusal(std::string{unknown_kind_text});
-  input.in_kind = kind->in_kind;
-  choose_summary(app, *kind);
-  prepare(app, kind->in_kind);
+  if (kind == std::end(kinds)) {
+    refuse(app, unknown_kind_text);
+  } else {
+    input.in_kind = kind->in_kind;
+    choose_summary(app, *kind);
+    prepare(app, kind->in_kind);
+  }
   if (input.in_err_flag == 1) main.kaishi.enabled = false;
   main.mnu_mc.enabled = main.Check1.checked && has_folder(input.in_name) && file_exists(input.cbr_name2);
-  main.cmdRe_write_zlog_zsm.enabled = main.mnuZsm.enabled = file_exists(input.zsm_use_name);
+  main.mnuZsm.enabled = file_exists(input.zsm_use_name);
+  main.cmdRe_write_zlog_zsm.enabled = main.mnuZsm.enabled && input.in_err_flag == 0;
   zsm_disp_chk(app);
 }
 

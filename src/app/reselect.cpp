@@ -9,6 +9,7 @@ void cmdReSelect_Click(App& app) {
   contest.select_caller = "za2c_zsm";
   app.desk.show(FormName::select_cont);
   if (contest.contest_line.empty()) contest.contest_line = contest.contest_name;
+  if (app.state.category.dialog_shown && app.state.input.in_err_flag == 0) app.main.kaishi.enabled = true;
 }
 
 void cmdReSet_Click(App& app) {

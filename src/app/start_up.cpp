@@ -40,6 +40,10 @@ void cut_test_version(Settings& settings) {
   settings.ini_version = settings.ini_version.substr(0, settings.ini_version.find('t'));
 }
 
+void set_default_island(Settings& settings) {
+  if (is_blank(settings.op_iota_island)) settings.op_iota_island = "Honshu Island";
+}
+
 void find_settings(App& app) {
   ProgramState& program = app.state.program;
   program.cfg_missing = 0;
@@ -47,6 +51,7 @@ void find_settings(App& app) {
   if (app.platform.profile.exists(program.ini_name)) {
     program.ini_found = program.cfg_loaded = 1;
     read_settings(app);
+    settle_old_settings(app.state.settings);
     return;
   }
   ++program.cfg_missing;
@@ -166,10 +171,10 @@ void enable_outputs(App& app) {
 
 void settle_old_settings(Settings& settings) {
   cut_test_version(settings);
-  if (is_blank(settings.op_iota_island)) settings.op_iota_island = "Honshu Island";
+  set_default_island(settings);
   const double version = numeric_value(settings.ini_version);
   constexpr double with_reference = 0.93;  // earlier versions wrote only the island's name
-  if (!settings.ini_version.empty() && version < with_reference) settings.iota_name_only = "1";
+  if (version < with_reference) settings.iota_name_only = "1";
 }
 
 std::vector<std::string_view> required_files() {
@@ -186,7 +191,7 @@ void Main(App& app, const std::string& program_folder) {
   program.this_year = std::to_string(app.platform.clock.now().tm_year + 1900);
   find_settings(app);
   check_required_files(app);
-  settle_old_settings(app.state.settings);
+  set_default_island(app.state.settings);
 }
 
 void Form_Load(App& app) {

@@ -232,6 +232,8 @@ void shori_zlog_all(App& app) {
     app.main.cmdReSelect.enabled = true;
     app.state.contest.select_from = "za2c_zsm";
     app.desk.show(FormName::select_cont);
+    // Left without OK the dialog has told nothing: the re-select button opens it again.
+    app.main.kaishi.enabled = app.state.category.dialog_shown;
   }
   show_summary(app);
   app.main.lblGet_zsm2.text = "total_score ：  " + std::to_string(app.state.tally.total_score);

@@ -110,7 +110,9 @@ const std::string& scratch_folder(App& app) {
   std::string& tmp_dir = app.state.program.tmp_dir;
   if (!tmp_dir.empty()) return tmp_dir;
   std::error_code failure;
-  std::string pattern = (std::filesystem::temp_directory_path(failure) / "varnisto-XXXXXX").string();
+  constexpr std::size_t random_letters = 6;
+  std::string pattern = (std::filesystem::temp_directory_path(failure) / "varnisto-").string();
+  pattern.append(random_letters, 'X');
   if (!mkdtemp(pattern.data())) throw_file_error(errno, pattern);
   return tmp_dir = pattern + path_separator;
 }

@@ -27,6 +27,7 @@ TEST_P(Open, RecognisesTheKind) {
   test.start();
   TempDir work;
   work.write("a.zsm", summary_text);
+  test.desk.on_show = [&](FormName) { test.app.state.category.dialog_shown = true; };  // confirmed
   const std::string path = work.write(GetParam().name, GetParam().bytes);
   run_action(test.app, [&] { test.open(path); });
   const InputState& input = test.app.state.input;
@@ -51,7 +52,9 @@ INSTANTIATE_TEST_SUITE_P(
                  "CCC の txt 形式ではありません。\r\n正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。"},
         OpenCase{"d.all", "zLog\r\n  \r\n", "zlog_all", "zlog_all_zsm0", "d_za2c.zsm", 1,
                  std::string{no_qso_text}},
-        OpenCase{"e.xyz", "", "", "", "", 0, ""}));
+        OpenCase{"e.xyz", "", "", "", "", 1,
+                 "対応していない形式のファイルです。\r\n*.all , *.zlo , *.txt , *.bin "
+                 "のファイルを指定して下さい。"}));
 
 TEST(Open, DerivesEveryName) {
   TestApp test;

@@ -176,7 +176,7 @@ TEST_F(Run, DebugModeLogsEveryRoutineAndTheError) {
   EXPECT_TRUE(opened.ends_with("exe_rec=0\n-----------------------\n" + work.path() + "a.all\n")) << opened;
   std::filesystem::create_directory(work.path() + "QX1ABC.cbr");
   run_action(test.app, [&] { kaishi_Click(test.app); });
-  const std::string log = test.folder.read_text(name);
+  const std::string log = test.folder.read_text("20251130_123456_2.txt");  // the run has a log of its own
   EXPECT_TRUE(contains(log, "入力ファイル ： " + work.path() + "a.all\nPrivate Sub Kaishi_Click()\n")) << log;
   EXPECT_TRUE(contains(log, "\nPublic Sub zlog_all_zsm_print()\n"));
   EXPECT_TRUE(log.ends_with("エラー発生 ：　75\n")) << log;

@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "0712  QX8EUR"},
         LineCase{
             "waedc_bare_qtc", "WAEDC-CW", bare_qtc, false, false, true,
-            "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14                   "}),
+            "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14                  "}),
     [](const auto& line) { return line.param.name; });
 
 TEST(QsoLine, FormatterGoesByTheFirstSevenCharacters) {
