@@ -23,12 +23,13 @@ ActionResult fail(App& app, const RunTimeError& error, ActionResult::Kind kind) 
 
 ActionResult run_action(App& app, const std::function<void()>& action) {
   const bool could_start = app.main.kaishi.enabled;
+  const std::string input = app.state.input.in_name;
   try {
     action();
     return {};
   } catch (const NotAvailable& missing) {
     const std::string text = std::string{"not available yet: "} + missing.what();
-    release_window(app, could_start);
+    release_window(app, could_start && app.state.input.in_name == input);
     message_box(app, {text, "", Icon::critical});
     return {ActionResult::not_available, 0, text};
   } catch (const Refusal& refusal) {

@@ -96,7 +96,6 @@ void delete_scratch_files(const InputState& input) {
     if (name.empty()) continue;
     delete_numbered(name + "_");
     delete_file(name + "2");
-    delete_file(name + ".tmp");
   }
   delete_file(input.out_dir + "in_name.000");
 }

@@ -5,6 +5,7 @@
 
 #include "app/debug_log.h"
 #include "app/later_steps.h"
+#include "app/start_up.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "base/text_reader.h"
@@ -70,6 +71,7 @@ void forget_previous(App& app) {
   input.out_name.clear();
   input.outputs.clear();
   app.main.lblCategory.text.clear();
+  app.main.Label2.text.clear();
   app.main.lblYusen.text.clear();
 }
 
@@ -172,8 +174,7 @@ void FileOpen2(App& app) {
   }
   if (input.in_err_flag == 1) main.kaishi.enabled = false;
   main.mnu_mc.enabled = main.Check1.checked && has_folder(input.in_name) && file_exists(input.cbr_name2);
-  main.mnuZsm.enabled = file_exists(input.zsm_use_name);
-  main.cmdRe_write_zlog_zsm.enabled = main.mnuZsm.enabled && input.in_err_flag == 0;
+  enable_outputs(app);
   zsm_disp_chk(app);
 }
 
@@ -212,7 +213,12 @@ void open_chosen_cbr(App& app, const std::string& path) {
   input.out_name = path.substr(0, path.find('.')) + "_c2z.txt";
   input.in_type = "cbr";
   input.in_err_flag = 0;
-  app.main.kaishi.enabled = true;
+  MainForm& main = app.main;
+  for (Label* label :
+       {&main.lblGet_zsm1, &main.lblGet_zsm2, &main.lblGet_zsm3, &main.lblGet_zsm4, &main.lblPower})
+    label->text.clear();
+  main.cmdReSelect.enabled = main.cmdReSet.enabled = main.cmdRe_write_zlog_zsm.enabled = false;
+  main.kaishi.enabled = true;
   show_text(app, lines({" ｚＬｏｇのｔｘｔ ", " " + input.out_name, " を作成します"}), Color::green);
   if (app.trace.armed() && has_folder(path)) close_debug_log(app);
 }

@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "cabrillo/contest.h"
+#include "cabrillo/summary.h"
 #include "core/lists.h"
 #include "core/main_options.h"
 #include "core/paths.h"
@@ -86,6 +87,7 @@ void load_editor_state(App& app) {
   const bool has_editor = !is_blank(app.state.settings.dir_pad);
   app.state.program.editor_on = has_editor ? 1 : 0;
   main.Check1.checked = has_editor;
+  store_check_box(app, 1);
   if (has_editor) return;
   write_settings(app);
   read_settings(app);
@@ -167,6 +169,8 @@ void enable_outputs(App& app) {
   main.mnuDisp2_Qtc.enabled = there(input.qlg_name);
   main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled = there(input.cbr_name) || there(input.log_name);
   main.mnuZsm.enabled = there(input.zsm_use_name) || there(input.zsm_name);
+  main.cmdRe_write_zlog_zsm.enabled =
+      there(input.zsm_use_name) && input.in_err_flag == 0 && input.in_type != "cbr";
 }
 
 void settle_old_settings(Settings& settings) {
@@ -210,12 +214,13 @@ void Form_Load(App& app) {
     input.in_name = input.in_name_save;
     Disp_in_name(app);
   }
-  main.cmdReSelect.enabled = has_folder(input.in_name);
+  const bool is_cbr = input.in_type == "cbr";
+  main.cmdReSelect.enabled = has_folder(input.in_name) && !is_cbr;
   unblock(app);
   show_input(app);
   load_editor_state(app);
   check_settings(app);
-  main.kaishi.enabled = input.in_err_flag != 1 && there(input.in_name);
+  main.kaishi.enabled = input.in_err_flag != 1 && there(input.in_name) && (is_cbr || !needs_selection(app));
   enable_outputs(app);
   show_kept_summary(app);
   main.mnuDebug.caption = main.mnuDebug_mode.caption =

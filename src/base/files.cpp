@@ -65,6 +65,12 @@ bool file_exists(const std::string& path) {
   return find_file(path).has_value();
 }
 
+bool is_plain_file(const std::string& path) {
+  std::error_code failure;
+  const auto found = find_file(path);
+  return found && fs::is_regular_file(*found, failure);
+}
+
 void copy_file(const std::string& from, const std::string& to) {
   FileHandle source = FileHandle::open_for_reading(from);
   // A target that is a link to the source must not be emptied before it is read.

@@ -17,6 +17,9 @@ std::optional<std::string> find_file(const std::string& path);
 /// True when find_file() finds something.
 bool file_exists(const std::string& path);
 
+/// True when it finds a file that is no folder.
+bool is_plain_file(const std::string& path);
+
 /// Copies a file byte for byte through a fixed buffer; an existing target is replaced. Throws RunTimeError.
 void copy_file(const std::string& from, const std::string& to);
 /// Gives a file another name in the same file system; an existing target is replaced. Throws RunTimeError.

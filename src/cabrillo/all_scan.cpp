@@ -47,9 +47,9 @@ ScanCounts scan(const std::string& path, bool rtty) {
   return counts;
 }
 
-/// Whole watts that an exchange text stands for.
-std::int64_t power_value(std::string_view text) {
-  return contains(to_upper(text), "K") ? 1000 : round_half_even(numeric_value(text));
+/// Watts that an exchange text stands for.
+double power_value(std::string_view text) {
+  return contains(to_upper(text), "K") ? 1000 : numeric_value(text);
 }
 
 }  // namespace
@@ -95,8 +95,9 @@ void get_power_all(App& app) {
   reader.next(text);  // the title line
   while (reader.next(text)) {
     const std::string_view power = trim(TextLine{text}.cut(all_columns::sent_power));
-    if (power_value(power) <= highest) continue;
-    highest = power_value(power);
+    const std::int64_t watts = round_half_even(power_value(power));
+    if (watts <= highest) continue;
+    highest = watts;
     highest_text = power;
   }
   app.main.lblPower.text = "PWR: " + highest_text;
@@ -105,7 +106,7 @@ void get_power_all(App& app) {
 std::optional<int> power_option_of(std::string_view power) {
   if (power.empty()) return std::nullopt;
   constexpr int high = 0, low = 1, qrp = 2;
-  const std::int64_t watts = power_value(power);
+  const double watts = power_value(power);
   return watts <= 5 ? qrp : watts < 151 ? low : high;
 }
 

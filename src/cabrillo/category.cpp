@@ -80,6 +80,7 @@ void set_band_word(App& app) {
 void set_mode_word(App& app) {
   CategoryState& category = app.state.category;
   std::string mode{counted_mode(app.state.tally)};
+  if (app.state.settings.mode_2_rtty_flag == "1") mode = "RY";  // the box names mode and contest RTTY
   if (app.state.settings.select_cont_yusen == "1" && !category.dialog_mode.empty())
     mode = category.dialog_mode;
   if (mode == "PH")

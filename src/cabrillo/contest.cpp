@@ -75,6 +75,10 @@ std::optional<std::string_view> ccc_type_code(std::string_view type) {
   return find_code(ccc_codes, left(type, 5));
 }
 
+bool is_cq_wpx(std::string_view cont_id) {
+  return contains(cont_id, "CQ WPX") || contains(cont_id, "CQ-WPX") || contains(cont_id, "CQWPX");
+}
+
 std::string jidx_code(const CategoryState& category, std::string_view current) {
   constexpr std::int16_t cw = 2;
   if (category.mode_sel_cat != cw) return "JIDX";

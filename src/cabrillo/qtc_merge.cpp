@@ -274,10 +274,9 @@ void tell_incomplete(App& app, const IncompleteMemos& incomplete) {
   if (incomplete.count == 0) return;
   const std::string count = std::to_string(incomplete.count);
   const std::string first = std::to_string(incomplete.first_line);
-  show_text(app,
-            lines({"QTC のメモ " + count + " 件は、相手局・日付・時刻がそろっていません。",
-                   "これらの QTC 行は作成していません。（ 最初は " + first + " 行目 ）"}),
-            Color::red);
+  message_box(app, {lines({"QTC のメモ " + count + " 件は、相手局・日付・時刻がそろっていません。",
+                           "これらの QTC 行は作成していません。（ 最初は " + first + " 行目 ）"}),
+                    "", Icon::exclamation});
 }
 
 }  // namespace

@@ -121,7 +121,7 @@ void open_dialogs_of_title(App& app) {
     app.desk.show(FormName::frmOVERLAY);
   }
   if (contains(title, "JIDX")) show_jidx_powers(app);
-  if (contains(title, "JIDX") || contains(title, "IOTA")) app.desk.show(FormName::select_cont);
+  if (contains(title, "JIDX") || contains(title, "IOTA")) show_select_cont(app);
 }
 
 void show_power(App& app) {
@@ -197,6 +197,24 @@ void read_summary(App& app, TextReader reader) {
   sep_space_zlog_zsm(app);
 }
 
+bool needs_selection(const App& app) {
+  return app.state.contest.select_from == "za2c_zsm" && !app.state.category.dialog_shown;
+}
+
+bool show_select_cont(App& app) {
+  const ContestState contest = app.state.contest;
+  const CategoryState category = app.state.category;
+  const Label shown[] = {app.main.lblGet_zsm3, app.main.lblPower};
+  app.state.category.dialog_shown = false;
+  app.desk.show(FormName::select_cont);
+  if (app.state.category.dialog_shown) return true;
+  app.state.contest = contest;
+  app.state.category = category;
+  app.main.lblGet_zsm3 = shown[0];
+  app.main.lblPower = shown[1];
+  return false;
+}
+
 void show_summary(App& app) {
   ContestState& contest = app.state.contest;
   if (contest.contest_line.empty()) contest.contest_line = contest.contest_name;
@@ -231,9 +249,8 @@ void shori_zlog_all(App& app) {
   } else {
     app.main.cmdReSelect.enabled = true;
     app.state.contest.select_from = "za2c_zsm";
-    app.desk.show(FormName::select_cont);
     // Left without OK the dialog has told nothing: the re-select button opens it again.
-    app.main.kaishi.enabled = app.state.category.dialog_shown;
+    app.main.kaishi.enabled = show_select_cont(app);
   }
   show_summary(app);
   app.main.lblGet_zsm2.text = "total_score ：  " + std::to_string(app.state.tally.total_score);

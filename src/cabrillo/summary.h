@@ -37,6 +37,12 @@ std::vector<std::string> category_line_words(std::string_view cat_text);
 /// other text, 6 beyond 32 bits.
 std::int32_t score_value(std::string_view text, const std::string& where);
 
+/// Lets the user choose contest and category. A dialog left without OK changes neither. True after OK.
+bool show_select_cont(App& app);
+
+/// True while contest and category of the open log are known from nowhere: no summary, no dialog.
+bool needs_selection(const App& app);
+
 /// Shows summary name, score, contest, call sign and category in the main window's four labels and keeps the
 /// texts.
 void show_summary(App& app);

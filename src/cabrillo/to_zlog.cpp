@@ -17,7 +17,7 @@ constexpr std::size_t call_width = 11;
 std::string_view mode_text(std::string_view mode2) {
   if (mode2 == "PH") return "SSB";
   if (mode2 == "CW") return "CW ";
-  if (mode2 == "RY") return "RTTY";
+  if (mode2 == "RY") return "RTY";
   return mode2;
 }
 

@@ -32,6 +32,9 @@ void CliDesk::show(FormName form) {
       for (const std::string& text : answer_select_cont(*app_, options_.answers)) notice(text);
       return;
     case FormName::frmOVERLAY:
+      // With --reselect the summary's question is asked again behind the selection dialog: that one gets the
+      // answer.
+      if (options_.answers.reselect && !app_->state.category.dialog_shown) return;
       overlay_asked_ = true;
       return answer_overlay(*app_, options_.answers);
     case FormName::frmDisp2:

@@ -258,14 +258,18 @@ bool Binder::bind(const std::string& name, ListBox& control) {
 }
 
 void Binder::bind_selection(const std::string& name, QListView& view, ListBox& control) {
-  connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, name, &control, &view] {
-    const QModelIndexList rows = view.selectionModel()->selectedRows();
-    if (rows.isEmpty()) return;
+  const auto choose = [this, name, &control](int row) {
     hand_in([&] {
-      control.selected = rows.front().row();
-      form_.click(name, control.selected);
+      control.selected = row;
+      form_.click(name, row);
     });
+  };
+  connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [&view, choose] {
+    const QModelIndexList rows = view.selectionModel()->selectedRows();
+    if (!rows.isEmpty()) choose(rows.front().row());
   });
+  // A click on the row that is selected already changes no selection, but is a choice all the same.
+  connect(&view, &QListView::clicked, this, [choose](const QModelIndex& index) { choose(index.row()); });
 }
 
 bool Binder::bind(const std::string& name, MenuItem& control) {

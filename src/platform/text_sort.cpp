@@ -26,14 +26,17 @@ struct KeyedLine {
   std::string_view key, line;
 };
 
-/// Takes the text between the next two single quotes off `rest`.
-std::string take_quoted(std::string_view& rest) {
-  const std::size_t open = rest.find('\'');
-  const std::size_t close = open == std::string_view::npos ? open : rest.find('\'', open + 1);
-  if (close == std::string_view::npos) return "";
-  std::string text{rest.substr(open + 1, close - open - 1)};
-  rest = rest.substr(close + 1);
-  return text;
+/// Input and output path of "  'in'   'out'". A path may hold single quotes: the outer ones and the three
+/// blanks count.
+std::pair<std::string, std::string> parse_paths(std::string_view text) {
+  constexpr std::string_view between = "'   '";
+  const std::size_t open = text.find('\'');
+  const std::size_t middle = text.find(between);
+  if (open == std::string_view::npos || middle == std::string_view::npos || !text.ends_with('\'')) return {};
+  const std::size_t second = middle + between.size();
+  if (open >= middle || second >= text.size()) return {};
+  return {std::string{text.substr(open + 1, middle - open - 1)},
+          std::string{text.substr(second, text.size() - 1 - second)}};
 }
 
 std::optional<SortCommand> parse(std::string_view command) {
@@ -46,8 +49,8 @@ std::optional<SortCommand> parse(std::string_view command) {
   if (number.ec != std::errc{} || number.ptr == end || *number.ptr != ':') return std::nullopt;
   number = std::from_chars(number.ptr + 1, end, last);
   if (number.ec != std::errc{} || number.ptr == end || *number.ptr != ')') return std::nullopt;
-  std::string_view rest{number.ptr, static_cast<std::size_t>(end - number.ptr)};
-  SortCommand parsed{{first, last + 1 - first}, take_quoted(rest), take_quoted(rest)};
+  const auto [input, output] = parse_paths({number.ptr, static_cast<std::size_t>(end - number.ptr)});
+  SortCommand parsed{{first, last + 1 - first}, input, output};
   const bool complete = first > 0 && last >= first && !parsed.input.empty() && !parsed.output.empty();
   return complete ? std::optional{parsed} : std::nullopt;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 
+#include "base/checked_int.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "cabrillo/category.h"
@@ -65,7 +66,11 @@ void tally_and_score(App& app) {
   const std::string title = sheet_title(app);
   set_sheet_code(app, title);
   TallyState& tally = app.state.tally;
-  if (const auto score = score_of(title, tally)) set_score(tally, *score);
+  if (const auto score = score_of(title, tally))
+    set_score(tally, *score);
+  else if (app.state.input.in_kind ==
+           "zlog_all")  // no rule of its own: what the dialog reckons for every log
+    set_score(tally, multiply_i32(tally.multi1_total, tally.points_total, "total_score"));
   if (app.state.contest.cont_id == "JIDX") tally.score_detail = score_detail_of(tally);
 }
 

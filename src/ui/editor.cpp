@@ -6,6 +6,7 @@
 #include "core/main_options.h"
 #include "core/paths.h"
 #include "core/settings.h"
+#include "ui/main_menus.h"
 
 namespace varnisto {
 namespace {
@@ -57,7 +58,7 @@ void Check1_Click(App& app) {
 
 void edit_file(App& app, const std::string& file) {
   const std::string& editor = app.state.settings.dir_pad;
-  if (!file_exists(editor))
+  if (!is_plain_file(editor))
     return message_box(app, {"[ c作成 ] にてエディターの設定をして下さい", "", Icon::none});
   // The options come back as they are stored; what a dialog chose for the open log beyond them stays.
   const CategoryState category = app.state.category;
@@ -65,7 +66,8 @@ void edit_file(App& app, const std::string& file) {
   app.state.category = category;
   write_current_settings(app);
   read_settings(app);
-  app.platform.launcher.editor(find_file(editor).value_or(editor), file);
+  const std::string program = find_file(editor).value_or(editor);
+  start_outside(app, [&] { app.platform.launcher.editor(program, file); });
   save_options(app);
   read_settings(app);
   app.main.lblShori.text = "編集終了";

@@ -1,6 +1,7 @@
 #include "ui/frm_overlay.h"
 
 #include "base/text.h"
+#include "cabrillo/contest.h"
 #include "core/lists.h"
 
 namespace varnisto {
@@ -12,14 +13,10 @@ constexpr int no_overlay = 0, claim_overlay = 1;
 const std::string& mode_of_entry(const App& app) {
   const CategoryState& category = app.state.category;
   if (category.overlay_caller == "select_cont") return category.dialog_mode;
-  return category.zsm_mode.empty() ? app.state.qso.mode2 : category.zsm_mode;
+  return contains(app.state.input.in_kind, "ccc") ? app.state.qso.mode2 : category.zsm_mode;
 }
 
 }  // namespace
-
-bool is_cq_wpx(std::string_view cont_id) {
-  return contains(cont_id, "CQ WPX") || contains(cont_id, "CQ-WPX") || contains(cont_id, "CQWPX");
-}
 
 std::string overlay_key_of(std::string_view cont_id, std::string_view mode) {
   std::string key = is_cq_wpx(cont_id) ? "CQ-WPX" : "";
@@ -52,6 +49,7 @@ void FrmOverlay::Form_Load() {
   app_.trace.line("Private Sub Form_Load()_frmOVERLAY");
   CategoryState& category = app_.state.category;
   category.overlay_cat.clear();
+  app_.main.Label2.text.clear();
   category.overlay_back = false;
   const std::string& mode = mode_of_entry(app_);
   caption = app_.state.contest.cont_id + "    " + mode;

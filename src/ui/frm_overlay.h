@@ -33,8 +33,6 @@ class FrmOverlay final : public Form {
   App& app_;
 };
 
-/// True when this contest title or code is CQ WPX.
-bool is_cq_wpx(std::string_view cont_id);
 /// Key of OVERLAY.txt for a contest and a mode ("CW", "PH" or "SSB"; others leave the mode out); "" for
 /// contests other than CQ WPX.
 std::string overlay_key_of(std::string_view cont_id, std::string_view mode);

@@ -83,7 +83,8 @@ void tell(App& app, const std::string& text) {
   message_box(app, {text, "", Icon::exclamation});
 }
 
-/// Another program that cannot be started is no reason to end this one.
+}  // namespace
+
 void start_outside(App& app, const std::function<void()>& start) {
   try {
     start();
@@ -91,8 +92,6 @@ void start_outside(App& app, const std::function<void()>& start) {
     tell(app, describe(error));
   }
 }
-
-}  // namespace
 
 std::span<const OpenMenu> open_menus() {
   return opens;

@@ -1,6 +1,7 @@
 #pragma once
 // The main window's menus that are tables: open menus, viewers, web links.
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,5 +49,9 @@ void open_address(App& app, const std::string& address);
 
 /// Opens the help.
 void mnuDispHelp_Click(App& app);
+
+/// Starts something outside the program. A failure is shown: another program that cannot be started is no
+/// reason to end this one.
+void start_outside(App& app, const std::function<void()>& start);
 
 }  // namespace varnisto

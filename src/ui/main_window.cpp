@@ -303,9 +303,12 @@ void MainWindow::mnuMake_Click() {
   app.trace.line("Private Sub mnuMake_Click()");
   app.main.lblShori.text.clear();
   app.main.mnuDisp.enabled = app.platform.profile.exists(app.state.program.ini_name);
+  // What the selection dialog chose for the open log beyond the main window's options stays.
+  const CategoryState category = app.state.category;
   Option3_Check(app);
   app.desk.show(FormName::Make_cfg);
   Form_Load();
+  if (category.dialog_shown) app.state.category = category;
 }
 
 void MainWindow::mnuDebug_mode_Click() {

@@ -6,6 +6,7 @@
 #include "base/cp932.h"
 #include "base/fields.h"
 #include "base/files.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "core/paths.h"
@@ -52,7 +53,12 @@ void show(Label& label, std::string_view text, Color color) {
 
 /// True when the settings file can hold the text.
 bool fits_file(std::string_view text) {
-  return from_cp932(to_cp932(text, Unmappable::question_mark)) == text;
+  try {
+    to_cp932(text);
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
 }
 
 /// The name in a line of the island list: its second field.
@@ -193,6 +199,7 @@ std::string Make_cfg::typed(std::string_view name, std::string_view text) const 
 void Make_cfg::Form_Load() {
   app.trace.line("Private Sub Form_Load()_Make_cfg");
   Settings& settings = app.state.settings;
+  kept_ = settings;
   if (!app.platform.profile.exists(ini_path(app)) && file_exists(legacy_path(app))) read_Varnisto_cfg(app);
   ng_count = 0;
   lblVer.text = "Varnisto.ini for Varnisto.exe  ver " + std::string{program_version};
@@ -282,7 +289,7 @@ void Make_cfg::e_add2_Chk() {
 void Make_cfg::Pad_Chk() {
   const bool needed = app.state.program.editor_on == 1;
   const std::string editor{trim(txtPad.text)};
-  pad_ng = needed && !file_exists(editor) ? 1 : 0;
+  pad_ng = needed && !is_plain_file(editor) ? 1 : 0;
   const Color color = pad_ng == 1 ? Color::red : Color::black;
   lblPad.color = color;
   show(Label4, pad_ng == 1 ? "再セット必要" : "", color);
@@ -358,6 +365,7 @@ void Make_cfg::List1_Click() {
 
 void Make_cfg::cmdBack_Click() {
   app.trace.line("Private Sub cmdBack_Click()");
+  app.state.settings = kept_;  // what was not saved does not hold
   closed = true;
 }
 
@@ -396,6 +404,7 @@ void Make_cfg::cmdOK_Click() {
     move_file(legacy_path(app), app.state.program.app_dir + "Varnisto_old.cfg");
   show(lblMsg, "作成終了", Color::blue);
   app.state.program.cfg_loaded = 1;
+  kept_ = app.state.settings;
 }
 
 }  // namespace varnisto

@@ -64,6 +64,8 @@ class Make_cfg final : public AppForm {
   std::int16_t ng_count = 0;  ///< their sum
 
  private:
+  Settings kept_;  ///< the settings as they were opened or saved last
+
   void bind_events();
   void fill_fields();
   void fill_islands();

@@ -399,8 +399,7 @@ void SelectCont::make_sheet(SheetSteps steps) {
       break;
     case SheetSteps::waedc:
       set_category_za2c_zsm(app_);
-      Make_zlo2_za2c_zsm1_WAEDC(app_);
-      Make_zlo2_za2c_zsm1(app_);
+      Make_zlo2_za2c_zsm1(app_);  // ends with the WAEDC tally and sheet, after every tally has succeeded
       break;
     case SheetSteps::general_sheet:
       make_listed_contest_zsm(app_);

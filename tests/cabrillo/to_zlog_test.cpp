@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "  7  05 2359 QX9DEF/P    59001        57123456    123456    14  SSB 1"},
         LineCase{"rtty_top_band",
                  "QSO:  1900 RY 2025-10-05 0000 QX1ABC        599 25     QX9DEF        599 14     ",
-                 " 10  05 0000 QX9DEF     59925        59914            14   1.8  RTTY 1"},
+                 " 10  05 0000 QX9DEF     59925        59914            14   1.8  RTY 1"},
         LineCase{"other_mode",
                  "QSO:  3500 FM 2025-10-05 0000 QX1ABC        599 25     QX9DEF        599 14     ",
                  " 10  05 0000 QX9DEF     59925        59914            14   3.5  FM 1"},
