@@ -190,6 +190,28 @@ TEST_F(MainWindowTest, ViewerOutputMenusFollowTheRun) {
   }
 }
 
+TEST(ViewerMenus, ShowTheFileOfTheirName) {
+  InputState input;
+  input.in_name = "/d/a.ZLO";
+  input.in_kind = "zlog_zlo";
+  input.out_name = "/d/C.log";
+  input.log_name = "/d/C.cbr";
+  input.adi_name = "/d/C.adi";
+  input.qlg_name = "/d/C.qlg";
+  input.z2a_name = "/d/a_z2a.all";
+  input.cb2t_name = "/d/a_cb2t.txt";
+  input.zsm_name = "/d/a.zsm";
+  input.zsm_use_name = "/d/a_zz2c.zsm";
+  std::string files;
+  for (const ViewerMenu& menu : viewer_menus())
+    files += std::string{menu.name} + " " + menu.file(input) + "\n";
+  for (const std::string row :
+       {"mnuDisp2_in ", "mnuDisp2_out1 /d/C.cbr", "mnuDisp2_out3 /d/C.log", "mnuDisp2_out2 /d/C.adi",
+        "mnuDisp2_Qtc /d/C.qlg", "all_Disp_z2a /d/a_z2a.all", "txt_Disp_c2t /d/a_cb2t.txt",
+        "zsm_Disp_zsm /d/a_zz2c.zsm", "zsm_Disp_za2c /d/a_za2c.zsm", "zsm_Disp_cb2c /d/a_cb2c.zsm"})
+    EXPECT_TRUE(contains("\n" + files, "\n" + row + "\n")) << row;
+}
+
 TEST_F(MainWindowTest, ReSelectShowsTheDialogAndTakesTheContestNameForAnEmptyLine) {
   open();
   test.desk.forms.clear();
