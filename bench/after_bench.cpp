@@ -125,5 +125,3 @@ BENCHMARK(qtc_merge)->Arg(1000)->Arg(10000)->Arg(30000);
 BENCHMARK(qtc_log)->Arg(1000)->Arg(10000)->Arg(30000);
 
 }  // namespace
-
-BENCHMARK_MAIN();

@@ -18,7 +18,7 @@ measure() {
   i=0
   while [ "$i" -lt "$runs" ]; do
     begin=$(date +%s%N)
-    "$@" >/dev/null 2>&1
+    timeout 20 "$@" >/dev/null 2>&1
     end=$(date +%s%N)
     echo $(((end - begin) / 10000))
     i=$((i + 1))

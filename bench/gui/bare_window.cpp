@@ -7,6 +7,6 @@ int main(int argc, char* argv[]) {
   QApplication application{argc, argv};
   QWidget window;
   window.show();
-  QTimer::singleShot(0, &application, &QCoreApplication::quit);
+  QTimer::singleShot(0, &application, [] { QCoreApplication::exit(0); });
   return QApplication::exec();
 }

@@ -22,6 +22,6 @@ int main(int argc, char* argv[]) {
     const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - begin;
     std::cout << "viewer: " << time.count() << " ms\n";
   }
-  QTimer::singleShot(0, &application, &QCoreApplication::quit);
+  QTimer::singleShot(0, &application, [] { QCoreApplication::exit(0); });
   return QApplication::exec();
 }

@@ -37,14 +37,19 @@ std::size_t offset_of(std::string_view text, std::size_t index) {
 
 bool is_ascii(std::string_view text) {
   const char* p = text.data();
-  std::size_t n = text.size();
+  const std::size_t n = text.size();
   std::uint64_t bits = 0;
-  for (; n >= sizeof bits; n -= sizeof bits, p += sizeof bits) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, p, sizeof word);
-    bits |= word;
+  if (n < sizeof bits) {
+    for (const char c : text) bits |= static_cast<unsigned char>(c);
+    return bits < 0x80;
   }
-  for (; n > 0; --n, ++p) bits |= static_cast<unsigned char>(*p);
+  const auto word_at = [](const char* at) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, at, sizeof word);
+    return word;
+  };
+  for (std::size_t i = 0; i + sizeof bits <= n; i += sizeof bits) bits |= word_at(p + i);
+  bits |= word_at(p + n - sizeof bits);  // the rest, and some bytes a second time
   return (bits & 0x8080808080808080U) == 0;
 }
 
@@ -101,6 +106,15 @@ void append_left_aligned(std::string& out, std::string_view text, std::size_t n)
   out.append(kept);
   const std::size_t width = ascii ? kept.size() : char_count(kept);
   if (width < n) out.append(n - width, ' ');
+}
+
+void set_left_aligned(std::string& field, std::string_view text, std::size_t n) {
+  if (field.size() != n || text.size() > n || !is_ascii(text)) {
+    field.clear();
+    return append_left_aligned(field, text, n);
+  }
+  const std::size_t size = text.copy(field.data(), n);
+  std::fill(field.begin() + static_cast<std::ptrdiff_t>(size), field.end(), ' ');
 }
 
 void append_right_aligned(std::string& out, std::string_view text, std::size_t n) {

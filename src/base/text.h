@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,6 +40,25 @@ std::string pad_left(std::string_view text, std::size_t n);
 /// The same two, appended to `out` without a temporary.
 void append_left_aligned(std::string& out, std::string_view text, std::size_t n);
 void append_right_aligned(std::string& out, std::string_view text, std::size_t n);
+
+/// The three below fill a text anew, line after line, without giving up its memory; the pieces must not be
+/// parts of it. `field` = `text`.
+inline void set_text(std::string& field, std::string_view text) {
+  if (field.size() == text.size())
+    text.copy(field.data(), text.size());
+  else
+    field.assign(text);
+}
+/// `field` = `text`, left-aligned in `n`.
+void set_left_aligned(std::string& field, std::string_view text, std::size_t n);
+/// `out` = the pieces, one behind the other.
+inline void set_joined(std::string& out, std::initializer_list<std::string_view> pieces) {
+  std::size_t size = 0;
+  for (const std::string_view piece : pieces) size += piece.size();
+  out.resize(size);
+  char* end = out.data();
+  for (const std::string_view piece : pieces) end += piece.copy(end, piece.size());
+}
 
 /// Case-sensitive substring test. The empty text occurs in every text.
 inline bool contains(std::string_view text, std::string_view part) {

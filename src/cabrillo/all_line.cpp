@@ -35,26 +35,20 @@ std::optional<std::string_view> find_code(const Code (&codes)[n], std::string_vi
   return hit == std::end(codes) ? std::nullopt : std::optional{hit->code};
 }
 
-/// `field` = text, left-aligned in `n`, without a temporary.
-void assign_left_aligned(std::string& field, std::string_view text, std::size_t n) {
-  field.clear();
-  append_left_aligned(field, text, n);
-}
-
 void parse_time(const TextLine& line, QsoRec& rec) {
-  rec.qso_year = line.cut(col_year);
-  rec.qso_month = line.cut(col_month);
-  rec.qso_day = line.cut(col_day);
-  rec.qso_date.assign(rec.qso_year).append("-").append(rec.qso_month).append("-").append(rec.qso_day);
-  rec.qso_hhmm.assign(line.cut(col_hour)).append(line.cut(col_minute));
+  set_text(rec.qso_year, line.cut(col_year));
+  set_text(rec.qso_month, line.cut(col_month));
+  set_text(rec.qso_day, line.cut(col_day));
+  set_joined(rec.qso_date, {rec.qso_year, "-", rec.qso_month, "-", rec.qso_day});
+  set_joined(rec.qso_hhmm, {line.cut(col_hour), line.cut(col_minute)});
 }
 
 void parse_exchanges(const TextLine& line, std::string_view jidx_number, QsoRec& rec) {
-  assign_left_aligned(rec.sent_rst4, line.cut(col_sent_rst), 4);
-  rec.sent_exch = trim(line.cut(col_sent_exch));
+  set_left_aligned(rec.sent_rst4, line.cut(col_sent_rst), 4);
+  set_text(rec.sent_exch, trim(line.cut(col_sent_exch)));
   if (rec.sent_exch.empty()) rec.sent_exch = jidx_number;
-  assign_left_aligned(rec.rcvd_rst4, line.cut(col_rcvd_rst), 4);
-  rec.rcvd_exch = trim(line.cut(col_rcvd_exch));
+  set_left_aligned(rec.rcvd_rst4, line.cut(col_rcvd_rst), 4);
+  set_text(rec.rcvd_exch, trim(line.cut(col_rcvd_exch)));
 }
 
 void parse_frequency(std::string_view text, const AllOptions& options, QsoRec& rec) {
@@ -63,7 +57,7 @@ void parse_frequency(std::string_view text, const AllOptions& options, QsoRec& r
     rec.freq5.clear();
     append_right_aligned(rec.freq5, *memo, 5);
   } else if (const auto frequency = find_code(band_frequencies, rec.band_mhz)) {
-    rec.freq5 = *frequency;  // an unknown band keeps the previous line's frequency
+    set_text(rec.freq5, *frequency);  // an unknown band keeps the previous line's frequency
   }
   if (options.as_1800 && rec.freq5 == " 1900") rec.freq5 = " 1800";
 }
@@ -107,14 +101,14 @@ void parse_all_line(const TextLine& line, const AllOptions& options, QsoRec& rec
   if (options.rtty)
     rec.mode2 = "RY";
   else if (const auto mode = mode_code(line.cut(all_columns::mode)))
-    rec.mode2 = *mode;  // an unknown mode keeps the previous line's
+    set_text(rec.mode2, *mode);  // an unknown mode keeps the previous line's
   parse_time(line, rec);
-  assign_left_aligned(rec.his_call14, line.cut(col_call), 14);
+  set_left_aligned(rec.his_call14, line.cut(col_call), 14);
   parse_exchanges(line, options.jidx_number, rec);
-  rec.mult1 = trim(line.cut(col_mult1));
-  rec.mult2 = trim(line.cut(col_mult2));
-  rec.points = trim(line.cut(all_columns::points));
-  rec.band_mhz = trim(line.cut(all_columns::band));
+  set_text(rec.mult1, trim(line.cut(col_mult1)));
+  set_text(rec.mult2, trim(line.cut(col_mult2)));
+  set_text(rec.points, trim(line.cut(all_columns::points)));
+  set_text(rec.band_mhz, trim(line.cut(all_columns::band)));
   parse_frequency(line.text(), options, rec);
   if (const std::string_view after = line.cut(col_after_points); !is_blank(after)) rec.mult1 = after;
 }

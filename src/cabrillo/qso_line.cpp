@@ -21,19 +21,16 @@ std::string number_text(std::string_view text) {
 
 void take_transmitter(const QsoLineContext& context, std::string_view log_line, QsoRec& rec) {
   if (!context.named_all)
-    rec.tx_no = "0";
+    set_text(rec.tx_no, "0");
   else if (const auto number = memo_transmitter(log_line))
-    rec.tx_no = *number;  // without "TX#" the previous line's number stays
+    set_text(rec.tx_no, *number);  // without "TX#" the previous line's number stays
 }
 
 void put_common(const QsoLineContext& context, const QsoRec& rec, const Exchanges& exchanges,
                 std::string& out) {
-  out.assign("QSO: ").append(rec.freq5).push_back(' ');
-  out.append(rec.mode2).push_back(' ');
-  out.append(rec.qso_date).push_back(' ');
-  out.append(rec.qso_hhmm).push_back(' ');
-  out.append(context.mycall14).append(rec.sent_rst4).append(exchanges.sent);
-  out.append(rec.his_call14).append(rec.rcvd_rst4).append(exchanges.rcvd);
+  set_joined(out,
+             {"QSO: ", rec.freq5, " ", rec.mode2, " ", rec.qso_date, " ", rec.qso_hhmm, " ", context.mycall14,
+              rec.sent_rst4, exchanges.sent, rec.his_call14, rec.rcvd_rst4, exchanges.rcvd});
 }
 
 void put_transmitter(const QsoLineContext& context, const QsoRec& rec, std::string& out) {

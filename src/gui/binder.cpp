@@ -103,8 +103,8 @@ void Binder::refresh() {
   for (const auto& show : shows_) show();
 }
 
-void Binder::event(const std::function<void()>& routine) {
-  if (!refreshing_) run_(routine);
+void Binder::hand_in(const std::function<void()>& event) {
+  if (!refreshing_) run_(event);
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -149,7 +149,7 @@ bool Binder::bind_text(const std::string& name, TextBox& control) {
     colour(*editor, QPalette::Text, control.color);
   });
   connect(editor, &Editor::textChanged, this, [this, name, &control, editor] {
-    event([&] {
+    hand_in([&] {
       control.text = form_.typed(name, text_of(*editor).toStdString());
       form_.change(name);
     });
@@ -168,7 +168,7 @@ bool Binder::bind(const std::string& name, Button& control) {
       show_caption(control.caption, *target);
     });
   };
-  const auto click = [this, name] { event([&] { form_.click(name); }); };
+  const auto click = [this, name] { hand_in([&] { form_.click(name); }); };
   if (auto* button = widget<QPushButton>(name)) {
     pair_with(button);
     connect(button, &QPushButton::clicked, this, click);
@@ -191,7 +191,7 @@ bool Binder::bind(const std::string& name, CheckBox& control) {
     if (box->isChecked() != control.checked) box->setChecked(control.checked);
   });
   connect(box, &QCheckBox::toggled, this, [this, name, &control](bool checked) {
-    event([&] {
+    hand_in([&] {
       control.checked = checked;
       form_.click(name);
     });
@@ -215,19 +215,22 @@ void Binder::show_options(const std::string& name, QGroupBox& box, OptionGroup& 
   show_common(control, box);
   const QString title = qt_caption(control.caption).trimmed();
   if (!title.isEmpty() && box.title() != title) box.setTitle(title);
+  box.setFocusPolicy(Qt::TabFocus);  // else it has no place in the tab order that its buttons could take
   while (buttons.size() < control.options.size()) {
     const int index = static_cast<int>(buttons.size());
     auto* button = new QRadioButton(&box);
     button->setObjectName(QString::fromStdString(name) + QLatin1Char('_') + QString::number(index));
     static_cast<QVBoxLayout*>(box.layout())->insertWidget(index, button);
+    QWidget::setTabOrder(buttons.empty() ? static_cast<QWidget*>(&box) : buttons.back(), button);
     connect(button, &QRadioButton::clicked, this, [this, name, &control, index] {
-      event([&] {
+      hand_in([&] {
         control.selected = index;
         form_.click(name, index);
       });
     });
     buttons.push_back(button);
   }
+  box.setFocusPolicy(Qt::NoFocus);
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     buttons[i]->setVisible(i < control.options.size());
     if (i >= control.options.size()) continue;
@@ -258,7 +261,7 @@ void Binder::bind_selection(const std::string& name, QListView& view, ListBox& c
   connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, name, &control, &view] {
     const QModelIndexList rows = view.selectionModel()->selectedRows();
     if (rows.isEmpty()) return;
-    event([&] {
+    hand_in([&] {
       control.selected = rows.front().row();
       form_.click(name, control.selected);
     });
@@ -274,7 +277,7 @@ bool Binder::bind(const std::string& name, MenuItem& control) {
     show_caption(control.caption, *action);
     if (action->isCheckable() && action->isChecked() != control.checked) action->setChecked(control.checked);
   });
-  connect(action, &QAction::triggered, this, [this, name] { event([&] { form_.click(name); }); });
+  connect(action, &QAction::triggered, this, [this, name] { hand_in([&] { form_.click(name); }); });
   return true;
 }
 

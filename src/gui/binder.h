@@ -62,7 +62,7 @@ class Binder final : public QObject {
   template <class Widget>
   Widget* widget(const std::string& name) const;
   /// Hands an event in, unless it comes from refresh().
-  void event(const std::function<void()>& routine);
+  void hand_in(const std::function<void()>& event);
   void colour(QWidget& widget, QPalette::ColorRole role, Color color);
 
   QWidget& window_;

@@ -67,6 +67,7 @@ int run_program(int argc, char* argv[]) {
   QApplication::setApplicationName(QStringLiteral("varnisto"));
   QApplication::setApplicationVersion(
       QLatin1String(program_version.data(), static_cast<qsizetype>(program_version.size())));
+  QApplication::setQuitOnLastWindowClosed(false);  // the main window's form says when
   QApplication::setDesktopFileName(QStringLiteral("varnisto"));
   const Arguments arguments = parse_arguments(application);
 

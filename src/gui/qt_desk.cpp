@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "app/action.h"
@@ -84,7 +85,13 @@ void QtDesk::open_log(const std::string& path) {
 
 void QtDesk::run(const std::function<void()>& event) {
   // Most forms trap their errors themselves; nothing may pass through Qt's event loop.
-  if (run_action(*app_, event).ends_program()) app_->state.program.ending = true;
+  try {
+    if (run_action(*app_, event).ends_program()) app_->state.program.ending = true;
+  } catch (const std::exception& error) {
+    app_->state.program.ending = true;
+    hourglass(false);
+    message_box({error.what(), "", Icon::critical});
+  }
   refresh();
   close_finished();
 }

@@ -160,6 +160,12 @@ TEST_F(BinderTest, EventsReachTheFormOnce) {
   expect_event("click entry 0;");
 }
 
+TEST_F(BinderTest, TabKeyVisitsOptionsWhereTheirGroupStands) {
+  EXPECT_EQ(options.nextInFocusChain(), &option(0));
+  EXPECT_EQ(option(0).nextInFocusChain(), &option(1));
+  EXPECT_EQ(option(2).nextInFocusChain(), &list);
+}
+
 double luminance(const QColor& color) {
   const auto linear = [](double part) {
     return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
