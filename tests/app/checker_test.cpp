@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -21,22 +22,6 @@ const std::string frame =
     "QSO: freq  mo date       time call          rst exch   call          rst exch   t\n"
     "QSO: ***** ** yyyy-mm-dd nnnn ************* nnn ****** ************* nnn ****** n\n";
 
-struct CheckCase {
-  std::string log, report;  ///< the report behind its head
-  int errors, qsos;
-};
-
-class Check : public testing::TestWithParam<CheckCase> {};
-
-TEST_P(Check, ReportsToTheLetter) {
-  TextReader log = TextReader::from_bytes(GetParam().log);
-  Report report;
-  const CheckResult result = check_cabrillo(log, "in.all", "out.cbr", report);
-  EXPECT_EQ(report.text, head + GetParam().report);
-  EXPECT_EQ(result.errors, GetParam().errors);
-  EXPECT_EQ(result.qsos, GetParam().qsos);
-}
-
 const std::string no_call =
     "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25                   599 14     \n";
 const std::string sixty = "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DE\n";
@@ -46,33 +31,43 @@ std::string six_good() {
   return text;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Logs, Check,
-    testing::Values(
-        CheckCase{"CONTEST: X\n" + good_qso + "END-OF-LOG:\n", "\n\n\n", 0, 1},
-        CheckCase{six_good() + no_call,
-                  "\n\n\n\n\n\n\n" + frame + no_call + " 7 行目の            his call が空白です。\n\n", 1,
-                  7},
-        CheckCase{sixty,
-                  "\n" + frame + sixty +
-                      " 1 行目の            his rst が空白です。\n            his exch が空白です。\n\n",
-                  1, 1},
-        CheckCase{"CLAIMED-SCORE:   \n", "CLAIMED-SCORE: 項目が空白です。\n\n\n", 1, 0},
-        CheckCase{"IOTA-ISLAND-NAME:\n", "NAME: 項目が空白です。\n\n\n", 1, 0},
-        CheckCase{"NAME:NAME: \n", "\n", 0, 0}, CheckCase{"NAME:　\n", "\n", 0, 0},
-        CheckCase{"CONTEST: CALLSIGN:\n", "CALLSIGN: 項目が空白です。\n\n\n", 1, 0},
-        CheckCase{"X QSO:\n",
-                  "\n" + frame +
-                      "X QSO:\n 1 行目の            mode が空白です。\n"
-                      "            date が空白です。\n            time が空白です。\n"
-                      "            my call が空白です。\n            his rst が空白です。\n"
-                      "            his exch が空白です。\n            his call が空白です。\n"
-                      "            his rst が空白です。\n            his exch が空白です。\n\n",
-                  1, 1}));
+TEST(Check, ReportsToTheLetter) {
+  struct Row {
+    std::string log, report;  ///< the report behind its head
+    int errors, qsos;
+  };
+  for (const Row& row : rows_of(
+           Row{"CONTEST: X\n" + good_qso + "END-OF-LOG:\n", "\n\n\n", 0, 1},
+           Row{six_good() + no_call,
+               "\n\n\n\n\n\n\n" + frame + no_call + " 7 行目の            his call が空白です。\n\n", 1, 7},
+           Row{sixty,
+               "\n" + frame + sixty +
+                   " 1 行目の            his rst が空白です。\n            his exch が空白です。\n\n",
+               1, 1},
+           Row{"CLAIMED-SCORE:   \n", "CLAIMED-SCORE: 項目が空白です。\n\n\n", 1, 0},
+           Row{"IOTA-ISLAND-NAME:\n", "NAME: 項目が空白です。\n\n\n", 1, 0}, Row{"NAME:NAME: \n", "\n", 0, 0},
+           Row{"NAME:　\n", "\n", 0, 0},
+           Row{"CONTEST: CALLSIGN:\n", "CALLSIGN: 項目が空白です。\n\n\n", 1, 0},
+           Row{"X QSO:\n",
+               "\n" + frame +
+                   "X QSO:\n 1 行目の            mode が空白です。\n"
+                   "            date が空白です。\n            time が空白です。\n"
+                   "            my call が空白です。\n            his rst が空白です。\n"
+                   "            his exch が空白です。\n            his call が空白です。\n"
+                   "            his rst が空白です。\n            his exch が空白です。\n\n",
+               1, 1})) {
+    SCOPED_TRACE(row.log);
+    TextReader log = TextReader::from_bytes(row.log);
+    Report report;
+    const CheckResult result = check_cabrillo(log, "in.all", "out.cbr", report);
+    EXPECT_EQ(report.text, head + row.report);
+    EXPECT_EQ(result.errors, row.errors);
+    EXPECT_EQ(result.qsos, row.qsos);
+  }
+}
 
 TEST(Check, ShowsAReportWithFindingsAndDeletesOneWithout) {
-  TestApp test;
-  test.start();
+  StartedApp test;
   test.app.state.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
   EXPECT_EQ(check_Cabrillo_sub(test.app).findings, std::vector<std::string>{"NAME: 項目が空白です。"});
   EXPECT_EQ(test.desk.forms, std::vector{FormName::frmDisp2});

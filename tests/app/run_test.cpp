@@ -8,56 +8,52 @@
 #include "app/driver.h"
 #include "app/start_up.h"
 #include "base/text.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-struct StartCase {
-  std::string name;
-  void (*prepare)(TestApp&);
-  int blocked;
-  std::string prompt, way;
-};
-
-class Start : public testing::TestWithParam<StartCase> {};
-
-TEST_P(Start, BlocksUntilTheSettingsAreCurrentAndComplete) {
-  TestApp test;
-  GetParam().prepare(test);
-  test.start();
-  EXPECT_EQ(test.app.state.input.in_err_flag, GetParam().blocked);
-  EXPECT_EQ(test.app.main.mnuOpen_file.enabled, GetParam().blocked == 0);
-  EXPECT_EQ(test.app.main.lblIn.text, GetParam().prompt);
-  EXPECT_EQ(test.app.main.Text1.text,
-            GetParam().way.empty() ? "" : "Varnisto.ini がまだ作成されていません\r\n" + GetParam().way);
-}
-
 void without_ini(TestApp& test) {
   std::filesystem::remove(test.folder.path() + "Varnisto.ini");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Settings, Start,
-    testing::Values(StartCase{"current", [](TestApp& test) { test.set("dir_pad", "vi"); }, 0,
-                              "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい", ""},
-                    StartCase{"test_version",
-                              [](TestApp& test) {
-                                test.set("dir_pad", "vi");
-                                test.set("version", "3.09t2");
-                              },
-                              0, "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい", ""},
-                    StartCase{"old_version",
-                              [](TestApp& test) {
-                                test.set("dir_pad", "vi");
-                                test.set("version", "3.08");
-                              },
-                              1, "旧 ini の為、環境 」より新 ini を作成必要",
-                              "ﾒﾆｭｰの[  ｉｎｉ ]よりVarnisto.iniを作成して下さい"},
-                    StartCase{"incomplete", [](TestApp& test) { test.set("e_mail", ""); }, 1,
-                              "旧 ini の為、環境 」より新 ini を作成必要",
-                              "ﾒﾆｭｰの[  ｉｎｉ ]よりVarnisto.iniを作成して下さい"}),
-    [](const auto& start) { return start.param.name; });
+TEST(Start, BlocksUntilTheSettingsAreCurrentAndComplete) {
+  struct Row {
+    std::string name;
+    void (*prepare)(TestApp&);
+    int blocked;
+    std::string prompt, way;
+  };
+  for (const Row& row : rows_of(Row{"current", [](TestApp& test) { test.set("dir_pad", "vi"); }, 0,
+                                    "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい", ""},
+                                Row{"test_version",
+                                    [](TestApp& test) {
+                                      test.set("dir_pad", "vi");
+                                      test.set("version", "3.09t2");
+                                    },
+                                    0, "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい", ""},
+                                Row{"old_version",
+                                    [](TestApp& test) {
+                                      test.set("dir_pad", "vi");
+                                      test.set("version", "3.08");
+                                    },
+                                    1, "旧 ini の為、環境 」より新 ini を作成必要",
+                                    "ﾒﾆｭｰの[  ｉｎｉ ]よりVarnisto.iniを作成して下さい"},
+                                Row{"incomplete", [](TestApp& test) { test.set("e_mail", ""); }, 1,
+                                    "旧 ini の為、環境 」より新 ini を作成必要",
+                                    "ﾒﾆｭｰの[  ｉｎｉ ]よりVarnisto.iniを作成して下さい"})) {
+    SCOPED_TRACE(row.name);
+    TestApp test;
+    row.prepare(test);
+    test.start();
+    EXPECT_EQ(test.app.state.input.in_err_flag, row.blocked);
+    EXPECT_EQ(test.app.main.mnuOpen_file.enabled, row.blocked == 0);
+    EXPECT_EQ(test.app.main.lblIn.text, row.prompt);
+    EXPECT_EQ(test.app.main.Text1.text,
+              row.way.empty() ? "" : "Varnisto.ini がまだ作成されていません\r\n" + row.way);
+  }
+}
 
 TEST(Start, BeforeVersion093OnlyTheIslandsNameWasWritten) {
   const std::pair<const char*, const char*> rows[] = {
@@ -187,8 +183,7 @@ TEST(Exit, EveryTenthRunAsksForAReport) {
   const std::pair<const char*, const char*> rows[] = {
       {"8", " 9"}, {" 9", " 10"}, {"19x", " 20"}, {"x", " 1"}};
   for (const auto& [before, after] : rows) {
-    TestApp test;
-    test.start();
+    StartedApp test;
     test.app.state.settings.exe_rec = before;
     owari_Click(test.app);
     EXPECT_EQ(test.app.state.settings.exe_rec, after);

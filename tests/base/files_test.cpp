@@ -7,6 +7,7 @@
 #include "base/text_reader.h"
 #include "base/text_writer.h"
 #include "support/errors.h"
+#include "support/rows.h"
 #include "support/temp_dir.h"
 
 namespace varnisto::test {
@@ -23,32 +24,28 @@ Strings all_lines(TextReader reader) {
   return lines;
 }
 
-struct LinesCase {
-  std::string bytes;
-  Strings lines;
-};
-
-class Lines : public testing::TestWithParam<LinesCase> {};
-
-TEST_P(Lines, AreTheSameFromFileAndMemory) {
-  TempDir dir;
-  const std::string path = dir.write("log.all", GetParam().bytes);
-  EXPECT_EQ(all_lines(TextReader{path}), GetParam().lines);
-  EXPECT_EQ(all_lines(TextReader::from_bytes(GetParam().bytes)), GetParam().lines);
+TEST(Lines, AreTheSameFromFileAndMemory) {
+  struct Row {
+    std::string bytes;
+    Strings lines;
+  };
+  for (const Row& row :
+       rows_of(Row{"", {}}, Row{"a\r\nb\r\n", {"a", "b"}}, Row{"a\nb", {"a", "b"}},
+               Row{"a\r\n\r\n\n", {"a", "", ""}}, Row{"a\rb\r", {"a\rb"}},
+               Row{"a\r\nb\x1A"
+                   "c\r\nd",
+                   {"a", "b"}},
+               Row{"a\n\x1A\nb", {"a"}}, Row{"a\0b\n"s, {"a\0b"s}}, Row{"\x95\x5C\r\n", {"表"}},
+               Row{std::string(65535, 'x') + "\r\ny", {std::string(65535, 'x'), "y"}},
+               Row{std::string(65536, 'x') + "\ny\n", {std::string(65536, 'x'), "y"}},
+               Row{"s\n" + std::string(300000, 'x'), {"s", std::string(300000, 'x')}})) {
+    SCOPED_TRACE(row.bytes);
+    TempDir dir;
+    const std::string path = dir.write("log.all", row.bytes);
+    EXPECT_EQ(all_lines(TextReader{path}), row.lines);
+    EXPECT_EQ(all_lines(TextReader::from_bytes(row.bytes)), row.lines);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Ends, Lines,
-    testing::Values(LinesCase{"", {}}, LinesCase{"a\r\nb\r\n", {"a", "b"}}, LinesCase{"a\nb", {"a", "b"}},
-                    LinesCase{"a\r\n\r\n\n", {"a", "", ""}}, LinesCase{"a\rb\r", {"a\rb"}},
-                    LinesCase{"a\r\nb\x1A"
-                              "c\r\nd",
-                              {"a", "b"}},
-                    LinesCase{"a\n\x1A\nb", {"a"}}, LinesCase{"a\0b\n"s, {"a\0b"s}},
-                    LinesCase{"\x95\x5C\r\n", {"表"}},
-                    LinesCase{std::string(65535, 'x') + "\r\ny", {std::string(65535, 'x'), "y"}},
-                    LinesCase{std::string(65536, 'x') + "\ny\n", {std::string(65536, 'x'), "y"}},
-                    LinesCase{"s\n" + std::string(300000, 'x'), {"s", std::string(300000, 'x')}}));
 
 TEST(TextReader, OpensFilesOfAnyCaseAndSaysWhatItCannotOpen) {
   TempDir dir;
@@ -88,28 +85,24 @@ TEST(TextWriter, AWriteThatFailsIsAnError) {
   EXPECT_EQ(error_of([&] { writer.put("\u20AC"); }), 5);
 }
 
-struct FieldsCase {
-  std::string text;
-  Strings fields;
-};
-
-class Fields : public testing::TestWithParam<FieldsCase> {};
-
-TEST_P(Fields, AreReadOverLineEnds) {
-  FieldReader reader{TextReader::from_bytes(GetParam().text)};
-  Strings fields;
-  while (auto field = reader.next()) fields.push_back(*field);
-  EXPECT_EQ(fields, GetParam().fields);
-  EXPECT_EQ(error_of([&] { reader.must_next(); }), 62);
+TEST(Fields, AreReadOverLineEnds) {
+  struct Row {
+    std::string text;
+    Strings fields;
+  };
+  for (const Row& row :
+       rows_of(Row{"a,b\nc", {"a", "b", "c"}}, Row{" a , b \n", {"a", "b"}},
+               Row{"\"a, b\" ,c", {"a, b", "c"}}, Row{"\" a \"", {" a "}}, Row{"a,\nb", {"a", "", "b"}},
+               Row{"\n\n", {"", ""}}, Row{"\"open,b\nc", {"open,b", "c"}}, Row{",", {"", ""}},
+               Row{"a\"b\",c", {"a\"b\"", "c"}}, Row{"", {}})) {
+    SCOPED_TRACE(row.text);
+    FieldReader reader{TextReader::from_bytes(row.text)};
+    Strings fields;
+    while (auto field = reader.next()) fields.push_back(*field);
+    EXPECT_EQ(fields, row.fields);
+    EXPECT_EQ(error_of([&] { reader.must_next(); }), 62);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, Fields,
-    testing::Values(FieldsCase{"a,b\nc", {"a", "b", "c"}}, FieldsCase{" a , b \n", {"a", "b"}},
-                    FieldsCase{"\"a, b\" ,c", {"a, b", "c"}}, FieldsCase{"\" a \"", {" a "}},
-                    FieldsCase{"a,\nb", {"a", "", "b"}}, FieldsCase{"\n\n", {"", ""}},
-                    FieldsCase{"\"open,b\nc", {"open,b", "c"}}, FieldsCase{",", {"", ""}},
-                    FieldsCase{"a\"b\",c", {"a\"b\"", "c"}}, FieldsCase{"", {}}));
 
 TEST(Files, NumberedScratchFilesAreThoseWithExactlyOneMoreCharacter) {
   TempDir dir;

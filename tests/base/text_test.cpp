@@ -5,31 +5,26 @@
 #include "base/checked_int.h"
 #include "base/columns.h"
 #include "support/errors.h"
+#include "support/rows.h"
 
 namespace varnisto::test {
 namespace {
 
-struct CutCase {
-  std::string text;
-  std::size_t first, width;
-  std::string expected;
-};
-
-class Cut : public testing::TestWithParam<CutCase> {};
-
-TEST_P(Cut, CountsCharactersFromOne) {
-  const CutCase& c = GetParam();
-  EXPECT_EQ(TextLine{c.text}.cut({c.first, c.width}), c.expected);
-  EXPECT_EQ(mid(c.text, c.first, c.width), c.expected);
+TEST(Cut, CountsCharactersFromOne) {
+  struct Row {
+    std::string text;
+    std::size_t first, width;
+    std::string expected;
+  };
+  for (const Row& c : rows_of(
+           Row{"QSO: 14000", 6, 5, "14000"}, Row{"abc", 3, 5, "c"}, Row{"abc", 4, 1, ""}, Row{"", 1, 3, ""},
+           Row{"漢字AB仮名", 1, 2, "漢字"}, Row{"漢字AB仮名", 3, 3, "AB仮"}, Row{"漢字AB仮名", 6, 9, "名"},
+           Row{"漢字AB仮名", 7, 1, ""}, Row{"AB漢字", 1, 3, "AB漢"}, Row{"ｶﾅx", 2, 2, "ﾅx"})) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(TextLine{c.text}.cut({c.first, c.width}), c.expected);
+    EXPECT_EQ(mid(c.text, c.first, c.width), c.expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Lines, Cut,
-                         testing::Values(CutCase{"QSO: 14000", 6, 5, "14000"}, CutCase{"abc", 3, 5, "c"},
-                                         CutCase{"abc", 4, 1, ""}, CutCase{"", 1, 3, ""},
-                                         CutCase{"漢字AB仮名", 1, 2, "漢字"},
-                                         CutCase{"漢字AB仮名", 3, 3, "AB仮"},
-                                         CutCase{"漢字AB仮名", 6, 9, "名"}, CutCase{"漢字AB仮名", 7, 1, ""},
-                                         CutCase{"AB漢字", 1, 3, "AB漢"}, CutCase{"ｶﾅx", 2, 2, "ﾅx"}));
 
 TEST(Text, LeftAndRightKeepWholeCharacters) {
   EXPECT_EQ(left("AB漢字", 3), "AB漢");
@@ -69,26 +64,20 @@ TEST(Text, CaseChangesAsciiLettersOnly) {
   EXPECT_FALSE(equal_ignoring_case("ab", "abc"));
 }
 
-struct NumberCase {
-  std::string text;
-  double expected;
-};
-
-class Number : public testing::TestWithParam<NumberCase> {};
-
-TEST_P(Number, IsTheLeadingNumber) {
-  EXPECT_DOUBLE_EQ(numeric_value(GetParam().text), GetParam().expected);
+TEST(Number, IsTheLeadingNumber) {
+  struct Row {
+    std::string text;
+    double expected;
+  };
+  for (const Row& row : rows_of(
+           Row{"007", 7}, Row{" 12abc", 12}, Row{"-3.5x", -3.5}, Row{"+4", 4}, Row{"+-4", 0}, Row{".5", 0.5},
+           Row{"5.", 5}, Row{".", 0}, Row{"-", 0}, Row{"abc", 0}, Row{"", 0}, Row{"1e5", 1}, Row{"1,000", 1},
+           Row{"inf", 0}, Row{"0x10", 0}, Row{"1" + std::string(400, '0'), 9e18},
+           Row{"-1" + std::string(400, '0'), -9e18}, Row{"." + std::string(400, '0') + "1", 0})) {
+    SCOPED_TRACE(row.text);
+    EXPECT_DOUBLE_EQ(numeric_value(row.text), row.expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Texts, Number,
-                         testing::Values(NumberCase{"007", 7}, NumberCase{" 12abc", 12},
-                                         NumberCase{"-3.5x", -3.5}, NumberCase{"+4", 4}, NumberCase{"+-4", 0},
-                                         NumberCase{".5", 0.5}, NumberCase{"5.", 5}, NumberCase{".", 0},
-                                         NumberCase{"-", 0}, NumberCase{"abc", 0}, NumberCase{"", 0},
-                                         NumberCase{"1e5", 1}, NumberCase{"1,000", 1}, NumberCase{"inf", 0},
-                                         NumberCase{"0x10", 0}, NumberCase{"1" + std::string(400, '0'), 9e18},
-                                         NumberCase{"-1" + std::string(400, '0'), -9e18},
-                                         NumberCase{"." + std::string(400, '0') + "1", 0}));
 
 TEST(Text, HalvesRoundToTheEvenNeighbour) {
   const std::pair<double, std::int64_t> cases[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},    {-0.5, 0},

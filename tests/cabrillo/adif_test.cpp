@@ -3,40 +3,35 @@
 #include <gtest/gtest.h>
 
 #include "app/driver.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-struct CallCase {
-  std::string name, worked;
-  bool transcribe;
-  std::string call, comment;
-};
-
-class AdifCalls : public testing::TestWithParam<CallCase> {};
-
-TEST_P(AdifCalls, AreTranscribedWithTheWholeInTheComment) {
-  const CallCase& want = GetParam();
-  const AdifCall got = adif_call(want.worked, {common_adif_layout, "TNX", want.transcribe});
-  EXPECT_EQ(got.call, want.call);
-  EXPECT_EQ(got.comment, want.comment);
+TEST(AdifCalls, AreTranscribedWithTheWholeInTheComment) {
+  struct Row {
+    std::string name, worked;
+    bool transcribe;
+    std::string call, comment;
+  };
+  for (const Row& want :
+       rows_of(Row{"none", "QX4JKL", true, "QX4JKL", "TNX"}, Row{"off", "QX4JKL/1", false, "QX4JKL/1", "TNX"},
+               Row{"district", "QX4JKL/1", true, "QX4JKL", "UR QX4JKL/1 TNX"},
+               Row{"prefix", "9Q/QX4JKL", true, "QX4JKL", "UR 9Q/QX4JKL TNX"},
+               Row{"longer_second", "QX1/QX5MNO", true, "QX5MNO", "UR QX1/QX5MNO TNX"},
+               Row{"equal_parts", "QX4A/QX5B", true, "QX5B", "UR QX4A/QX5B TNX"},
+               Row{"low_power", "QX4A/qrpp5", true, "QX4A", "UR QX4A/qrpp5 TNX"},
+               Row{"two", "QX1ABC/1/P", true, "1", "UR QX1ABC/1/P TNX"},
+               Row{"three", "9Q/QX1/AB/P", true, "QX1/AB", "UR 9Q/QX1/AB/P TNX"},
+               Row{"nothing_between", "QX1ABC//P", true, "QX1ABC//P", "UR QX1ABC//P TNX"},
+               Row{"only_a_stroke", "/", true, "/", "UR / TNX"})) {
+    SCOPED_TRACE(want.name);
+    const AdifCall got = adif_call(want.worked, {common_adif_layout, "TNX", want.transcribe});
+    EXPECT_EQ(got.call, want.call);
+    EXPECT_EQ(got.comment, want.comment);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Strokes, AdifCalls,
-    testing::Values(CallCase{"none", "QX4JKL", true, "QX4JKL", "TNX"},
-                    CallCase{"off", "QX4JKL/1", false, "QX4JKL/1", "TNX"},
-                    CallCase{"district", "QX4JKL/1", true, "QX4JKL", "UR QX4JKL/1 TNX"},
-                    CallCase{"prefix", "9Q/QX4JKL", true, "QX4JKL", "UR 9Q/QX4JKL TNX"},
-                    CallCase{"longer_second", "QX1/QX5MNO", true, "QX5MNO", "UR QX1/QX5MNO TNX"},
-                    CallCase{"equal_parts", "QX4A/QX5B", true, "QX5B", "UR QX4A/QX5B TNX"},
-                    CallCase{"low_power", "QX4A/qrpp5", true, "QX4A", "UR QX4A/qrpp5 TNX"},
-                    CallCase{"two", "QX1ABC/1/P", true, "1", "UR QX1ABC/1/P TNX"},
-                    CallCase{"three", "9Q/QX1/AB/P", true, "QX1/AB", "UR 9Q/QX1/AB/P TNX"},
-                    CallCase{"nothing_between", "QX1ABC//P", true, "QX1ABC//P", "UR QX1ABC//P TNX"},
-                    CallCase{"only_a_stroke", "/", true, "/", "UR / TNX"}),
-    [](const auto& call) { return call.param.name; });
 
 TEST(AdifRecord, HoldsTheFieldsOfTheLine) {
   AdifRecords records{{common_adif_layout, "TNX", false}};
@@ -85,64 +80,51 @@ std::string field(const std::string& line, std::size_t first, std::size_t width)
   return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
-struct Export {
-  std::string name, comment, transcribe;
-};
+TEST(EqslFiles, ComeOutAsExpectedAndReadBack) {
+  for (const auto& [name, comment, transcribe] : texts_of<3>("plain||0", "comment|TNX 楽しいQSO|1")) {
+    SCOPED_TRACE(name);
+    TestApp test;
+    test.set("for_eQSL_flag", "1");
+    test.set("eQSLcom", comment);
+    test.set("tenki_flag", transcribe);
+    test.open_copy(source_dir("tests/data/eqsl/in"), "QX1ABC.ALL");
+    kaishi_Click(test.app);
 
-class EqslFiles : public testing::TestWithParam<Export> {};
+    TempDir expected;
+    expected.copy_from(source_dir("tests/data/eqsl") / name);
+    const std::string adif = test.work.read("QX1ABC.adi");
+    EXPECT_EQ(adif, expected.read("QX1ABC.adi"));
+    EXPECT_TRUE(test.app.main.mnuDisp2_out2.enabled);
 
-TEST_P(EqslFiles, ComeOutAsExpectedAndReadBack) {
-  TestApp test;
-  test.set("for_eQSL_flag", "1");
-  test.set("eQSLcom", GetParam().comment);
-  test.set("tenki_flag", GetParam().transcribe);
-  TempDir work;
-  work.copy_from(source_dir("tests/data/eqsl/in"));
-  test.start();
-  test.open(work.path() + "QX1ABC.ALL");
-  kaishi_Click(test.app);
-
-  TempDir expected;
-  expected.copy_from(source_dir("tests/data/eqsl") / GetParam().name);
-  const std::string adif = work.read("QX1ABC.adi");
-  EXPECT_EQ(adif, expected.read("QX1ABC.adi"));
-  EXPECT_TRUE(test.app.main.mnuDisp2_out2.enabled);
-
-  std::istringstream log{work.read("QX1ABC.cbr")};
-  const std::vector<Record> records = read_adif(adif);
-  std::size_t count = 0;
-  for (std::string line; std::getline(log, line);) {
-    if (!line.starts_with("QSO:")) continue;
-    ASSERT_LT(count, records.size());
-    Record record = records[count++];
-    EXPECT_EQ(record["FREQ"], field(line, 6, 5));
-    EXPECT_EQ(record["QSO_DATE"], field(line, 15, 4) + field(line, 20, 2) + field(line, 23, 2));
-    EXPECT_EQ(record["TIME_ON"], field(line, 26, 4));
-    EXPECT_EQ(record["RST_SENT"], field(line, 45, 3));
-    const std::string call = field(line, 56, 13);
-    EXPECT_NE((call + record["COMMENT"]).find(record["call"]), std::string::npos);
-    if (GetParam().transcribe == "0") {
-      EXPECT_EQ(record["call"], call);
+    std::istringstream log{test.work.read("QX1ABC.cbr")};
+    const std::vector<Record> records = read_adif(adif);
+    std::size_t count = 0;
+    for (std::string line; std::getline(log, line);) {
+      if (!line.starts_with("QSO:")) continue;
+      ASSERT_LT(count, records.size());
+      Record record = records[count++];
+      EXPECT_EQ(record["FREQ"], field(line, 6, 5));
+      EXPECT_EQ(record["QSO_DATE"], field(line, 15, 4) + field(line, 20, 2) + field(line, 23, 2));
+      EXPECT_EQ(record["TIME_ON"], field(line, 26, 4));
+      EXPECT_EQ(record["RST_SENT"], field(line, 45, 3));
+      const std::string call = field(line, 56, 13);
+      EXPECT_NE((call + record["COMMENT"]).find(record["call"]), std::string::npos);
+      if (transcribe == "0") {
+        EXPECT_EQ(record["call"], call);
+      }
     }
+    EXPECT_EQ(count, 7U);
+    EXPECT_EQ(records.size(), count);
   }
-  EXPECT_EQ(count, 7U);
-  EXPECT_EQ(records.size(), count);
 }
-
-INSTANTIATE_TEST_SUITE_P(Logs, EqslFiles,
-                         testing::Values(Export{"plain", "", "0"}, Export{"comment", "TNX 楽しいQSO", "1"}),
-                         [](const auto& run) { return run.param.name; });
 
 TEST(Eqsl, IsMadeFromTheConvertedTimes) {
   TestApp test;
   test.set("for_eQSL_flag", "1");
   test.set("jst_to_utc_flag", "1");
-  TempDir work;
-  work.copy_from(source_dir("tests/data/eqsl/in"));
-  test.start();
-  test.open(work.path() + "QX1ABC.ALL");
+  test.open_copy(source_dir("tests/data/eqsl/in"), "QX1ABC.ALL");
   kaishi_Click(test.app);
-  const auto records = read_adif(work.read("QX1ABC.adi"));
+  const auto records = read_adif(test.work.read("QX1ABC.adi"));
   ASSERT_EQ(records.size(), 7U);
   EXPECT_EQ(records[0].at("QSO_DATE") + records[0].at("TIME_ON"), "202511281503");
   EXPECT_EQ(records[6].at("QSO_DATE") + records[6].at("TIME_ON"), "202511291500");

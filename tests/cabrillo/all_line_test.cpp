@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -46,56 +47,45 @@ TEST(AllLine, ColumnsCountCharactersNotBytes) {
   EXPECT_EQ(rec.freq5, " 7000");
 }
 
-struct ModeCase {
-  std::string column, mode2;
-  bool rtty = false;
-};
-
-class Mode : public testing::TestWithParam<ModeCase> {};
-
-TEST_P(Mode, IsThreeCharactersAndAnUnknownOneKeepsThePrevious) {
-  QsoRec previous;
-  previous.mode2 = "??";
-  AllOptions options;
-  options.rtty = GetParam().rtty;
-  EXPECT_EQ(parsed(all_line({.mode = GetParam().column + "  "}), options, previous).mode2, GetParam().mode2);
+TEST(Mode, IsThreeCharactersAndAnUnknownOneKeepsThePrevious) {
+  struct Row {
+    std::string column, mode2;
+    bool rtty = false;
+  };
+  for (const Row& row : rows_of(Row{"CW ", "CW"}, Row{"SSB", "PH"}, Row{"RY ", "RY"}, Row{"RTY", "RY"},
+                                Row{"RTTY", "RY"}, Row{"FM ", "FM"}, Row{"AM ", "??"}, Row{"cw ", "??"},
+                                Row{" CW", "??"}, Row{"SSB", "RY", true}, Row{"AM ", "RY", true})) {
+    SCOPED_TRACE(row.column);
+    QsoRec previous;
+    previous.mode2 = "??";
+    AllOptions options;
+    options.rtty = row.rtty;
+    EXPECT_EQ(parsed(all_line({.mode = row.column + "  "}), options, previous).mode2, row.mode2);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Columns, Mode,
-                         testing::Values(ModeCase{"CW ", "CW"}, ModeCase{"SSB", "PH"}, ModeCase{"RY ", "RY"},
-                                         ModeCase{"RTY", "RY"}, ModeCase{"RTTY", "RY"}, ModeCase{"FM ", "FM"},
-                                         ModeCase{"AM ", "??"}, ModeCase{"cw ", "??"}, ModeCase{" CW", "??"},
-                                         ModeCase{"SSB", "RY", true}, ModeCase{"AM ", "RY", true}));
-
-struct FrequencyCase {
-  std::string band, memo, freq5;
-  bool from_memo = false, as_1800 = false;
-};
-
-class Frequency : public testing::TestWithParam<FrequencyCase> {};
-
-TEST_P(Frequency, ComesFromMemoBandOrPreviousLine) {
-  QsoRec previous;
-  previous.freq5 = "99999";
-  const AllOptions options{false, GetParam().from_memo, GetParam().as_1800, ""};
-  const std::string line = all_line({.band = GetParam().band, .memo = GetParam().memo});
-  EXPECT_EQ(parsed(line, options, previous).freq5, GetParam().freq5);
+TEST(Frequency, ComesFromMemoBandOrPreviousLine) {
+  struct Row {
+    std::string band, memo, freq5;
+    bool from_memo = false, as_1800 = false;
+  };
+  for (const Row& row :
+       rows_of(Row{"1.9", "", " 1900"}, Row{"3.5", "", " 3500"}, Row{"7", "", " 7000"},
+               Row{"14", "", "14000"}, Row{"29", "", "28000"}, Row{"50", "", "99999"}, Row{"", "", "99999"},
+               Row{"1.9", "", " 1800", false, true}, Row{"7", "(7012)", " 7012", true},
+               Row{"7", "(7012)", " 7000"}, Row{"14", "( 14025.5 )", "025.5", true},
+               Row{"14", "()", "14000", true}, Row{"14", "(14025", "14000", true},
+               Row{"14", ") (14025)", "14025", true}, Row{"14", "(A) (14025)", "    A", true},
+               Row{"1.9", "(1900)", " 1800", true, true}, Row{"1.9", "(1900.0)", "900.0", true, true},
+               Row{"1.9", "(1905)", " 1905", true, true})) {
+    SCOPED_TRACE(row.band);
+    QsoRec previous;
+    previous.freq5 = "99999";
+    const AllOptions options{false, row.from_memo, row.as_1800, ""};
+    const std::string line = all_line({.band = row.band, .memo = row.memo});
+    EXPECT_EQ(parsed(line, options, previous).freq5, row.freq5);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, Frequency,
-    testing::Values(FrequencyCase{"1.9", "", " 1900"}, FrequencyCase{"3.5", "", " 3500"},
-                    FrequencyCase{"7", "", " 7000"}, FrequencyCase{"14", "", "14000"},
-                    FrequencyCase{"29", "", "28000"}, FrequencyCase{"50", "", "99999"},
-                    FrequencyCase{"", "", "99999"}, FrequencyCase{"1.9", "", " 1800", false, true},
-                    FrequencyCase{"7", "(7012)", " 7012", true}, FrequencyCase{"7", "(7012)", " 7000"},
-                    FrequencyCase{"14", "( 14025.5 )", "025.5", true},
-                    FrequencyCase{"14", "()", "14000", true}, FrequencyCase{"14", "(14025", "14000", true},
-                    FrequencyCase{"14", ") (14025)", "14025", true},
-                    FrequencyCase{"14", "(A) (14025)", "    A", true},
-                    FrequencyCase{"1.9", "(1900)", " 1800", true, true},
-                    FrequencyCase{"1.9", "(1900.0)", "900.0", true, true},
-                    FrequencyCase{"1.9", "(1905)", " 1905", true, true}));
 
 TEST(AllLine, PrefectureNumberStandsInForABlankSentExchangeOnly) {
   AllOptions options;

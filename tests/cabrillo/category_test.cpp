@@ -5,6 +5,7 @@
 #include "cabrillo/contest.h"
 #include "cabrillo/summary.h"
 #include "support/errors.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -12,52 +13,33 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-struct TextsCase {
-  std::string code, contest, summary;
-};
-
-class Texts : public testing::TestWithParam<TextsCase> {};
-
-TEST_P(Texts, OfAContestCode) {
-  const CategoryTexts texts = category_texts(GetParam().code, {"OP ", "band", "VAL", "LOW", "SSB "});
-  EXPECT_EQ(texts.contest, GetParam().contest);
-  EXPECT_EQ(texts.summary, GetParam().summary);
+TEST(Texts, OfAContestCode) {
+  for (const auto& [code, contest, summary] :
+       texts_of<3>("ARRL-10|ARRL-10|OP 10M LOW SSB ", "ARRL-DX|ARRL-DX-SSB |OP band LOW",
+                   "ARRL-160|ARRL-160|OP band LOW SSB ", "CQ-160|CQ-160-SSB |OP band LOW",
+                   "IARU-HF|IARU-HF|OP band LOW SSB ", "WAEDC-|WAEDC-SSB |OP band LOW",
+                   "WAEDC|WAEDC-SSB |OP VAL LOW", "CQ-WW|CQ-WW-SSB |OP VAL LOW", "||OP band LOW SSB ")) {
+    SCOPED_TRACE(code);
+    const CategoryTexts texts = category_texts(code, {"OP ", "band", "VAL", "LOW", "SSB "});
+    EXPECT_EQ(texts.contest, contest);
+    EXPECT_EQ(texts.summary, summary);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Codes, Texts,
-                         testing::Values(TextsCase{"ARRL-10", "ARRL-10", "OP 10M LOW SSB "},
-                                         TextsCase{"ARRL-DX", "ARRL-DX-SSB ", "OP band LOW"},
-                                         TextsCase{"ARRL-160", "ARRL-160", "OP band LOW SSB "},
-                                         TextsCase{"CQ-160", "CQ-160-SSB ", "OP band LOW"},
-                                         TextsCase{"IARU-HF", "IARU-HF", "OP band LOW SSB "},
-                                         TextsCase{"WAEDC-", "WAEDC-SSB ", "OP band LOW"},
-                                         TextsCase{"WAEDC", "WAEDC-SSB ", "OP VAL LOW"},
-                                         TextsCase{"CQ-WW", "CQ-WW-SSB ", "OP VAL LOW"},
-                                         TextsCase{"", "", "OP band LOW SSB "}));
-
-struct TitleCase {
-  std::string title, code;
-};
-
-class Title : public testing::TestWithParam<TitleCase> {};
-
-TEST_P(Title, BecomesACode) {
-  TestApp test;
-  test.folder.write_text("contest_name.cfg", "Perry,FIRST,x\nStew Perry,STEW-PERRY,x\nCQ,CQ-LIST,x\n");
-  test.app.state.program.app_dir = test.folder.path();
-  test.app.state.contest.cont_id = GetParam().title;
-  map_title_to_code(test.app);
-  EXPECT_EQ(test.app.state.contest.cont_id, GetParam().code);
+TEST(Title, BecomesACode) {
+  for (const auto& [title, code] : texts_of<2>(
+           "CQWW DX Contest 2002|CQ-WW", "CQ WPX Contest|CQ-WPX", "ARRL International DX|ARRL-DX",
+           "IARU HF World|IARU-HF", "CQWW160     x|CQ-160", "CQWW160 Contest|CQ-LIST", "JIDX|JIDX",
+           "JIDX Contest (JA)|JIDX", "cqww dx contest|cqww dx contest", "Stew Perry Topband|FIRST", "|")) {
+    SCOPED_TRACE(title);
+    TestApp test;
+    test.folder.write_text("contest_name.cfg", "Perry,FIRST,x\nStew Perry,STEW-PERRY,x\nCQ,CQ-LIST,x\n");
+    test.app.state.program.app_dir = test.folder.path();
+    test.app.state.contest.cont_id = title;
+    map_title_to_code(test.app);
+    EXPECT_EQ(test.app.state.contest.cont_id, code);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Titles, Title,
-    testing::Values(TitleCase{"CQWW DX Contest 2002", "CQ-WW"}, TitleCase{"CQ WPX Contest", "CQ-WPX"},
-                    TitleCase{"ARRL International DX", "ARRL-DX"}, TitleCase{"IARU HF World", "IARU-HF"},
-                    TitleCase{"CQWW160     x", "CQ-160"}, TitleCase{"CQWW160 Contest", "CQ-LIST"},
-                    TitleCase{"JIDX", "JIDX"}, TitleCase{"JIDX Contest (JA)", "JIDX"},
-                    TitleCase{"cqww dx contest", "cqww dx contest"}, TitleCase{"Stew Perry Topband", "FIRST"},
-                    TitleCase{"", ""}));
 
 TEST(Title, OfAJidxCwLogGoesByItsBands) {
   CategoryState category;
@@ -101,49 +83,35 @@ TEST(Score, IsAWholeNumberWithCommas) {
   EXPECT_EQ(error_of([] { score_value(std::string(400, '9'), ""); }), 6);
 }
 
-struct SummaryCase {
-  std::string category;
-  std::string cat_operator, assisted, band, mode, contest, summary;
-};
-
-class Summary : public testing::TestWithParam<SummaryCase> {};
-
-TEST_P(Summary, SetsTheCategoryValues) {
-  TestApp test;
-  test.start();
-  App& app = test.app;
-  app.state.category.cat_mode = "MIXED";
-  read_summary(
-      app, TextReader::from_bytes("CQ WPX Contest \r\nCall sign: QX9\r\nCategory: " + GetParam().category +
-                                  "\r\nTotal score : 123 = 4 x 5\r\nTotal : 9\r\n"));
-  sep_space_cbr(app);
-  const CategoryState& category = app.state.category;
-  EXPECT_EQ(category.cat_operator, GetParam().cat_operator);
-  EXPECT_EQ(category.cat_assisted, GetParam().assisted);
-  EXPECT_EQ(category.cat_band, GetParam().band);
-  EXPECT_EQ(category.cat_mode, GetParam().mode);
-  EXPECT_EQ(category.cat_text, GetParam().category);
-  EXPECT_EQ(app.state.contest.contest, GetParam().contest);
-  EXPECT_EQ(category.cat_summary, GetParam().summary);
-  EXPECT_EQ(app.state.contest.contest_line, "CQ WPX Contest");
-  EXPECT_EQ(app.state.tally.total_score, 123);
+TEST(Summary, SetsTheCategoryValues) {
+  for (const auto& [category, cat_operator, assisted, band, mode, contest, summary] : texts_of<7>(
+           "Single-op 28 MHz Ph|SINGLE-OP|NON-ASSISTED|10M|SSB|CQ-WPX-SSB |Single-op 10M LOW",
+           "Single-op All Band Mixed|SINGLE-OP|NON-ASSISTED|ALL|MIXED|CQ-WPX-|Single-op ALL LOW",
+           "Single-op Assisted 7 MHz CW|SINGLE-OP|ASSISTED|40M|CW|CQ-WPX-CW |Single-op-Assisted 40M LOW",
+           "Multi-Two 1.9 MHz RTTY|MULTI-OP|NON-ASSISTED|160M|RTY|CQ-WPX-RTY |Multi-Two 160M LOW",
+           "Multi-op 50 MHz FM|SINGLE-OP|NON-ASSISTED|50M|MIXED|CQ-WPX-|Multi-op 50M LOW")) {
+    SCOPED_TRACE(category);
+    StartedApp test;
+    App& app = test.app;
+    app.state.category.cat_mode = "MIXED";
+    read_summary(app, TextReader::from_bytes("CQ WPX Contest \r\nCall sign: QX9\r\nCategory: " + category +
+                                             "\r\nTotal score : 123 = 4 x 5\r\nTotal : 9\r\n"));
+    sep_space_cbr(app);
+    const CategoryState& read = app.state.category;
+    EXPECT_EQ(read.cat_operator, cat_operator);
+    EXPECT_EQ(read.cat_assisted, assisted);
+    EXPECT_EQ(read.cat_band, band);
+    EXPECT_EQ(read.cat_mode, mode);
+    EXPECT_EQ(read.cat_text, category);
+    EXPECT_EQ(app.state.contest.contest, contest);
+    EXPECT_EQ(read.cat_summary, summary);
+    EXPECT_EQ(app.state.contest.contest_line, "CQ WPX Contest");
+    EXPECT_EQ(app.state.tally.total_score, 123);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Lines, Summary,
-                         testing::Values(SummaryCase{"Single-op 28 MHz Ph", "SINGLE-OP", "NON-ASSISTED",
-                                                     "10M", "SSB", "CQ-WPX-SSB ", "Single-op 10M LOW"},
-                                         SummaryCase{"Single-op All Band Mixed", "SINGLE-OP", "NON-ASSISTED",
-                                                     "ALL", "MIXED", "CQ-WPX-", "Single-op ALL LOW"},
-                                         SummaryCase{"Single-op Assisted 7 MHz CW", "SINGLE-OP", "ASSISTED",
-                                                     "40M", "CW", "CQ-WPX-CW ", "Single-op-Assisted 40M LOW"},
-                                         SummaryCase{"Multi-Two 1.9 MHz RTTY", "MULTI-OP", "NON-ASSISTED",
-                                                     "160M", "RTY", "CQ-WPX-RTY ", "Multi-Two 160M LOW"},
-                                         SummaryCase{"Multi-op 50 MHz FM", "SINGLE-OP", "NON-ASSISTED", "50M",
-                                                     "MIXED", "CQ-WPX-", "Multi-op 50M LOW"}));
-
 TEST(Summary, WithFewerThanFourCategoryWordsEndsTheProgramAfterAMessage) {
-  TestApp test;
-  test.start();
+  StartedApp test;
   test.app.state.input.zsm_use_name = "x.zsm";
   EXPECT_THROW(read_summary(test.app, TextReader::from_bytes("T\nCategory: Single-op 7 MHz\n")), ProgramEnd);
   ASSERT_EQ(test.desk.boxes.size(), 1U);
@@ -155,8 +123,7 @@ TEST(Summary, WithFewerThanFourCategoryWordsEndsTheProgramAfterAMessage) {
 }
 
 TEST(CategoryOfTheDialog, BecomesContestAndShortText) {
-  TestApp test;
-  test.start();
+  StartedApp test;
   App& app = test.app;
   app.state.contest.select_from = "za2c_zsm";
   app.state.contest.contest_name = "CQWW DX Contest";

@@ -3,49 +3,32 @@
 #include <gtest/gtest.h>
 
 #include "base/run_time_error.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-struct Shift {
-  std::string name, japan, utc;  ///< "yyyy-mm-dd hhmm"; empty utc: no date
-};
-
-class JstToUtc : public testing::TestWithParam<Shift> {};
-
-TEST_P(JstToUtc, MovesDateAndTimeOfAQsoLine) {
-  const Shift& shift = GetParam();
-  const std::string start = "QSO: 14025 CW ";
-  const std::string rest = " QX1ABC        599 25     QX2DEF        599 05     ";
-  std::string line = start + shift.japan + rest;
-  const std::string before = line;
-  EXPECT_EQ(J2U(line), !shift.utc.empty());
-  EXPECT_EQ(line, shift.utc.empty() ? before : start + shift.utc + rest);
+TEST(JstToUtc, MovesDateAndTimeOfAQsoLine) {
+  for (const auto& [japan, utc] :
+       texts_of<2>("2002-11-24 0900|2002-11-24 0000", "2002-11-24 0300|2002-11-23 1800",
+                   "2002-11-24 0859|2002-11-23 2359", "2002-07-01 0000|2002-06-30 1500",
+                   "2003-01-01 0500|2002-12-31 2000", "2004-03-01 0100|2004-02-29 1600",
+                   "2003-03-01 0100|2003-02-28 1600", "1900-03-01 0100|1900-02-28 1600",
+                   "2000-03-01 0100|2000-02-29 1600", "2002/11/24 0300|2002-11-23 1800",
+                   "9999-12-31 2359|9999-12-31 1459", "0100-01-01 0900|0100-01-01 0000", "0100-01-01 0859|",
+                   "2004-02-30 0100|", "2003-02-29 0100|", "2003-13-01 0100|", "2003-12-00 0100|",
+                   "2003-12-01 2400|", "2003-12-01 0060|", "2003-12-0x 0100|", "2003-12- 1 0100|",
+                   "2003.12.01 0100|", "               |")) {
+    SCOPED_TRACE(japan);
+    const std::string start = "QSO: 14025 CW ";
+    const std::string rest = " QX1ABC        599 25     QX2DEF        599 05     ";
+    std::string line = start + japan + rest;
+    const std::string before = line;
+    EXPECT_EQ(J2U(line), !utc.empty());
+    EXPECT_EQ(line, utc.empty() ? before : start + utc + rest);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Calendar, JstToUtc,
-    testing::Values(Shift{"same_day", "2002-11-24 0900", "2002-11-24 0000"},
-                    Shift{"day_before", "2002-11-24 0300", "2002-11-23 1800"},
-                    Shift{"minutes_stay", "2002-11-24 0859", "2002-11-23 2359"},
-                    Shift{"month_before", "2002-07-01 0000", "2002-06-30 1500"},
-                    Shift{"year_before", "2003-01-01 0500", "2002-12-31 2000"},
-                    Shift{"leap_day", "2004-03-01 0100", "2004-02-29 1600"},
-                    Shift{"no_leap_day", "2003-03-01 0100", "2003-02-28 1600"},
-                    Shift{"century_without", "1900-03-01 0100", "1900-02-28 1600"},
-                    Shift{"century_with", "2000-03-01 0100", "2000-02-29 1600"},
-                    Shift{"slashes", "2002/11/24 0300", "2002-11-23 1800"},
-                    Shift{"last_year", "9999-12-31 2359", "9999-12-31 1459"},
-                    Shift{"first_year", "0100-01-01 0900", "0100-01-01 0000"},
-                    Shift{"before_first_year", "0100-01-01 0859", ""},
-                    Shift{"thirtieth_of_february", "2004-02-30 0100", ""},
-                    Shift{"february_29_of_no_leap_year", "2003-02-29 0100", ""},
-                    Shift{"month_13", "2003-13-01 0100", ""}, Shift{"day_0", "2003-12-00 0100", ""},
-                    Shift{"hour_24", "2003-12-01 2400", ""}, Shift{"minute_60", "2003-12-01 0060", ""},
-                    Shift{"letters", "2003-12-0x 0100", ""}, Shift{"blank_digit", "2003-12- 1 0100", ""},
-                    Shift{"dots", "2003.12.01 0100", ""}, Shift{"nothing", "               ", ""}),
-    [](const auto& shift) { return shift.param.name; });
 
 TEST(JstToUtc, CountsColumnsInCharacters) {
   std::string line = "QSO: 表7000 CW 2002-11-24 0300 QX1ABC";
@@ -67,36 +50,32 @@ TEST(JstToUtc, GivesTheDateOfTheQtcLog) {
   EXPECT_THROW(J2U_qtc("2003/01/01", "0500"), RunTimeError);
 }
 
-class ConvJ2U : public testing::TestWithParam<std::string> {};
-
-TEST_P(ConvJ2U, ConvertsTheFileThatWasWrittenAndNothingElse) {
-  TestApp test;
-  TempDir work;
-  std::string& out_name = test.app.state.input.out_name;
-  out_name = work.write_text(GetParam(),
-                             "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
-                             "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
-                             "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
-                             "END-OF-LOG:\n");
-  conv_J2U(test.app);
-  EXPECT_EQ(work.files().size(), 1U);
-  EXPECT_EQ(work.read_text(GetParam()),
-            "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
-            "QSO: 14025 CW 2002-12-31 2000 QX1ABC\n"
-            "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
-            "END-OF-LOG:\n");
+TEST(ConvJ2U, ConvertsTheFileThatWasWrittenAndNothingElse) {
+  for (const std::string row : {"QX1ABC.cbr", "QX1ABC-7L.log"}) {
+    SCOPED_TRACE(row);
+    TestApp test;
+    std::string& out_name = test.app.state.input.out_name;
+    out_name = test.work.write_text(row,
+                                    "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
+                                    "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
+                                    "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
+                                    "END-OF-LOG:\n");
+    conv_J2U(test.app);
+    EXPECT_EQ(test.work.files().size(), 1U);
+    EXPECT_EQ(test.work.read_text(row),
+              "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
+              "QSO: 14025 CW 2002-12-31 2000 QX1ABC\n"
+              "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
+              "END-OF-LOG:\n");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Extensions, ConvJ2U, testing::Values("QX1ABC.cbr", "QX1ABC-7L.log"),
-                         [](const auto& file) { return file.param.substr(file.param.size() - 3); });
 
 TEST(ConvJ2UBadDate, NamesTheLineAndLeavesTheLog) {
   TestApp test;
-  TempDir work;
   const std::string text =
       "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
       "QSO: 14025 CW 2003-02-30 0500 QX1ABC\n";
-  test.app.state.input.out_name = work.write_text("QX1ABC.cbr", text);
+  test.app.state.input.out_name = test.work.write_text("QX1ABC.cbr", text);
   try {
     conv_J2U(test.app);
     FAIL() << "a date that is none was taken";
@@ -105,8 +84,8 @@ TEST(ConvJ2UBadDate, NamesTheLineAndLeavesTheLog) {
     EXPECT_NE(std::string{error.what()}.find(": 2 行目: QSO: 14025 CW 2003-02-30"), std::string::npos)
         << error.what();
   }
-  EXPECT_EQ(work.files().size(), 1U);
-  EXPECT_EQ(work.read_text("QX1ABC.cbr"), text);
+  EXPECT_EQ(test.work.files().size(), 1U);
+  EXPECT_EQ(test.work.read_text("QX1ABC.cbr"), text);
 }
 
 }  // namespace

@@ -4,32 +4,11 @@
 
 #include "cabrillo/all_line.h"
 #include "cabrillo/conversions.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
-
-struct LineCase {
-  std::string name;
-  std::string cont_id;
-  AllQso qso;
-  bool multi_tx, named_all, qtc;
-  std::string expected;  ///< empty: not written
-};
-
-class QsoLine : public testing::TestWithParam<LineCase> {};
-
-TEST_P(QsoLine, IsTheGoldenLine) {
-  const LineCase& c = GetParam();
-  const std::string line = all_line(c.qso);
-  QsoRec rec;
-  rec.tx_no = "9";
-  parse_all_line(TextLine{line}, {}, rec);
-  std::string out;
-  const bool written =
-      formatter_for(c.cont_id)({"QX1ABC        ", c.multi_tx, c.named_all, c.qtc}, line, rec, out);
-  EXPECT_EQ(written ? out : "", c.expected);
-}
 
 const AllQso plain{};
 const AllQso serial{.sent_exch = "001", .rcvd_exch = "007", .band = "28"};
@@ -40,40 +19,57 @@ const AllQso second_tx{.call = "QX9DEF/P", .sent_exch = "12345678", .after = "TX
 const AllQso qtc{.memo = "[QTC2/10 QX8EUR 2025-08-09 0712 20m]"};
 const AllQso bare_qtc{.memo = "[]"};
 
-INSTANTIATE_TEST_SUITE_P(
-    Formatters, QsoLine,
-    testing::Values(
-        //                              1         2         3         4         5         6         7 8
-        //                     12345678901234567890123456789012345678901234567890123456789012345678901234567890
-        LineCase{"cq_ww", "CQ-WW", plain, false, false, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 14     "},
-        LineCase{"cq_ww_no_report", "CQ-WW", unreported, false, false, false, ""},
-        LineCase{"else_no_report", "CQ-WPX", unreported, false, false, false, ""},
-        LineCase{"else_cuts_at_7", "CQ-WW-RTTY", second_tx, true, true, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 1234567QX9DEF/P      599 14      1"},
-        LineCase{"upper_case_name", "CQ-WPX", second_tx, true, false, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 1234567QX9DEF/P      599 14      0"},
-        LineCase{"tx_kept_without_marker", "CQ-WPX", plain, true, true, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 14      9"},
-        LineCase{"arrl_10_serial", "ARRL-10", serial, false, false, false,
-                 "QSO: 28000 CW 2025-11-29 0012 QX1ABC        599      1 QX9DEF        599      7"},
-        LineCase{"arrl_10_province", "ARRL-10", province, true, false, false,
-                 "QSO: 28000 CW 2025-11-29 0012 QX1ABC        599     12 QX9DEF        599     MA 0"},
-        LineCase{"arrl_dx", "ARRL-DX", watts, false, false, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 100   QX9DEF        599 CA     "},
-        LineCase{"arrl_dx_all", "ARRL-DX", watts, false, true, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 100    QX9DEF        599 CA     "},
-        LineCase{"arrl_dx_no_report", "ARRL-DX", unreported, false, false, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF                   "},
-        LineCase{"waedc", "WAEDC", qtc, true, false, false,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14      0"},
-        LineCase{"waedc_qtc", "WAEDC", qtc, true, false, true,
-                 "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14      2/10  "
-                 "0712  QX8EUR"},
-        LineCase{
-            "waedc_bare_qtc", "WAEDC-CW", bare_qtc, false, false, true,
-            "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14                  "}),
-    [](const auto& line) { return line.param.name; });
+TEST(QsoLine, IsTheGoldenLine) {
+  struct Row {
+    std::string name;
+    std::string cont_id;
+    AllQso qso;
+    bool multi_tx, named_all, qtc;
+    std::string expected;  ///< empty: not written
+  };
+  for (
+      const Row& c : rows_of(
+          //                              1         2         3         4         5         6         7 8
+          //                     12345678901234567890123456789012345678901234567890123456789012345678901234567890
+          Row{"cq_ww", "CQ-WW", plain, false, false, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 14     "},
+          Row{"cq_ww_no_report", "CQ-WW", unreported, false, false, false, ""},
+          Row{"else_no_report", "CQ-WPX", unreported, false, false, false, ""},
+          Row{"else_cuts_at_7", "CQ-WW-RTTY", second_tx, true, true, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 1234567QX9DEF/P      599 14      1"},
+          Row{"upper_case_name", "CQ-WPX", second_tx, true, false, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 1234567QX9DEF/P      599 14      0"},
+          Row{"tx_kept_without_marker", "CQ-WPX", plain, true, true, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 14      9"},
+          Row{"arrl_10_serial", "ARRL-10", serial, false, false, false,
+              "QSO: 28000 CW 2025-11-29 0012 QX1ABC        599      1 QX9DEF        599      7"},
+          Row{"arrl_10_province", "ARRL-10", province, true, false, false,
+              "QSO: 28000 CW 2025-11-29 0012 QX1ABC        599     12 QX9DEF        599     MA 0"},
+          Row{"arrl_dx", "ARRL-DX", watts, false, false, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 100   QX9DEF        599 CA     "},
+          Row{"arrl_dx_all", "ARRL-DX", watts, false, true, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 100    QX9DEF        599 CA     "},
+          Row{"arrl_dx_no_report", "ARRL-DX", unreported, false, false, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF                   "},
+          Row{"waedc", "WAEDC", qtc, true, false, false,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14      0"},
+          Row{"waedc_qtc", "WAEDC", qtc, true, false, true,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14      2/10  "
+              "0712  QX8EUR"},
+          Row{"waedc_bare_qtc", "WAEDC-CW", bare_qtc, false, false, true,
+              "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25    QX9DEF        599 14                 "
+              " "})) {
+    SCOPED_TRACE(c.name);
+    const std::string line = all_line(c.qso);
+    QsoRec rec;
+    rec.tx_no = "9";
+    parse_all_line(TextLine{line}, {}, rec);
+    std::string out;
+    const bool written =
+        formatter_for(c.cont_id)({"QX1ABC        ", c.multi_tx, c.named_all, c.qtc}, line, rec, out);
+    EXPECT_EQ(written ? out : "", c.expected);
+  }
+}
 
 TEST(QsoLine, FormatterGoesByTheFirstSevenCharacters) {
   const std::pair<const char*, QsoFormatter*> rows[] = {{"WAEDC-SSB", WAEDC}, {"WAEDC-", Else_},
@@ -93,29 +89,18 @@ TEST(Conversions, BandsOfFrequencies) {
   EXPECT_EQ(band_henkan("30", false), std::nullopt);
 }
 
-struct CallCase {
-  std::string call, main_call, other_part, full_call;
-};
-
-class Calls : public testing::TestWithParam<CallCase> {};
-
-TEST_P(Calls, AreTakenApartAtTheStroke) {
-  const CallParts parts = calls_check(GetParam().call);
-  EXPECT_EQ(parts.main_call, GetParam().main_call);
-  EXPECT_EQ(parts.other_part, GetParam().other_part);
-  EXPECT_EQ(parts.full_call, GetParam().full_call);
+TEST(Calls, AreTakenApartAtTheStroke) {
+  for (const auto& [call, main_call, other_part, full_call] : texts_of<4>(
+           "QX1ABC|QX1ABC||", "QX1ABCD|QX1ABCD||QX1ABCD", "QX4JKL/1|QX4JKL|1|QX4JKL/1",
+           "QX4JKL/qrpp|QX4JKL||", "QX5MNO/QX1|QX5MNO|QX1|QX5MNO/QX1", "QX1/QX5MNO|QX5MNO|QX1|QX1/QX5MNO",
+           "AB/CD|CD|AB|AB/CD", "QX1/A/P|A/P|QX1|QX1/A/P", "|||")) {
+    SCOPED_TRACE(call);
+    const CallParts parts = calls_check(call);
+    EXPECT_EQ(parts.main_call, main_call);
+    EXPECT_EQ(parts.other_part, other_part);
+    EXPECT_EQ(parts.full_call, full_call);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Signs, Calls,
-                         testing::Values(CallCase{"QX1ABC", "QX1ABC", "", ""},
-                                         CallCase{"QX1ABCD", "QX1ABCD", "", "QX1ABCD"},
-                                         CallCase{"QX4JKL/1", "QX4JKL", "1", "QX4JKL/1"},
-                                         CallCase{"QX4JKL/qrpp", "QX4JKL", "", ""},
-                                         CallCase{"QX5MNO/QX1", "QX5MNO", "QX1", "QX5MNO/QX1"},
-                                         CallCase{"QX1/QX5MNO", "QX5MNO", "QX1", "QX1/QX5MNO"},
-                                         CallCase{"AB/CD", "CD", "AB", "AB/CD"},
-                                         CallCase{"QX1/A/P", "A/P", "QX1", "QX1/A/P"},
-                                         CallCase{"", "", "", ""}));
 
 }  // namespace
 }  // namespace varnisto::test

@@ -4,59 +4,55 @@
 #include "base/text.h"
 #include "cabrillo/qtc_memo.h"
 #include "cabrillo/qtc_merge.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-struct MemoCase {
-  std::string name, line;
-  std::vector<std::string> complete;  ///< "group/number receiver date time band" of each
-  std::int32_t incomplete = 0;
-};
-
-class QtcMemos : public testing::TestWithParam<MemoCase> {};
-
-TEST_P(QtcMemos, AreTakenWhenReceiverDateAndTimeAreThere) {
-  IncompleteMemos incomplete;
-  std::vector<std::string> complete;
-  for_each_qtc(GetParam().line, 3, incomplete, [&](const QtcMemo& memo) {
-    const QtcTime when = qtc_time(memo, false);
-    complete.push_back(std::string{memo.group} + "/" + std::string{memo.number} + " " +
-                       std::string{memo.receiver} + " " + when.date + " " + when.time + " " +
-                       std::string{memo.band});
-  });
-  EXPECT_EQ(complete, GetParam().complete);
-  EXPECT_EQ(incomplete.count, GetParam().incomplete);
+TEST(QtcMemos, AreTakenWhenReceiverDateAndTimeAreThere) {
+  struct Row {
+    std::string name, line;
+    std::vector<std::string> complete;  ///< "group/number receiver date time band" of each
+    std::int32_t incomplete = 0;
+  };
+  for (const Row& row :
+       rows_of(Row{"none", "memo [TX] (7012)", {}},
+               Row{"full", "x [QTC2/10 QX9EUR 2025-08-09 0712 20m] y", {"2/10 QX9EUR 2025-08-09 0712 20m"}},
+               Row{"lower_case", "[qtc2/10 QX9EUR 2025-08-09 0712]", {"2/10 QX9EUR 2025-08-09 0712 "}},
+               Row{"other_brackets_first",
+                   "[TX] [QTC2/10 QX9EUR 2025-08-09 0712 20m]",
+                   {"2/10 QX9EUR 2025-08-09 0712 20m"}},
+               Row{"two_on_a_line",
+                   "[QTC2/10 QX9EUR 2025-08-09 0712 20m][QTC3/5 QX8EUR 2025-08-09 0713 20m]",
+                   {"2/10 QX9EUR 2025-08-09 0712 20m", "3/5 QX8EUR 2025-08-09 0713 20m"}},
+               Row{"slashes_and_blanks",
+                   "[QTC2/10  QX9EUR 2025/08/09  0712 20m ]",
+                   {"2/10 QX9EUR 2025-08-09 0712 20m"}},
+               Row{"no_number", "[QTC2 QX9EUR 2025-08-09 0712]", {"2/ QX9EUR 2025-08-09 0712 "}},
+               Row{"no_group", "[QTC/10 QX9EUR 2025-08-09 0712]", {"/10 QX9EUR 2025-08-09 0712 "}},
+               Row{"no_receiver", "[QTC2/10 2025-08-09 0712 20m]", {}, 1},
+               Row{"no_date", "[QTC2/10 QX9EUR 0712 20m]", {}, 1},
+               Row{"no_time", "[QTC2/10 QX9EUR 2025-08-09 20m]", {}, 1},
+               Row{"impossible_date", "[QTC2/10 QX9EUR 2025-02-29 0712 20m]", {}, 1},
+               Row{"bare", "[QTC]", {}, 1}, Row{"cut_off", "[QTC2/10 QX9EUR 2025-08-09 0712", {}, 1},
+               Row{"incomplete_then_full",
+                   "[QTC2/10] [QTC2/10 QX9EUR 2025-08-09 0712 20m]",
+                   {"2/10 QX9EUR 2025-08-09 0712 20m"},
+                   1})) {
+    SCOPED_TRACE(row.name);
+    IncompleteMemos incomplete;
+    std::vector<std::string> complete;
+    for_each_qtc(row.line, 3, incomplete, [&](const QtcMemo& memo) {
+      const QtcTime when = qtc_time(memo, false);
+      complete.push_back(std::string{memo.group} + "/" + std::string{memo.number} + " " +
+                         std::string{memo.receiver} + " " + when.date + " " + when.time + " " +
+                         std::string{memo.band});
+    });
+    EXPECT_EQ(complete, row.complete);
+    EXPECT_EQ(incomplete.count, row.incomplete);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Forms, QtcMemos,
-    testing::Values(
-        MemoCase{"none", "memo [TX] (7012)", {}},
-        MemoCase{"full", "x [QTC2/10 QX9EUR 2025-08-09 0712 20m] y", {"2/10 QX9EUR 2025-08-09 0712 20m"}},
-        MemoCase{"lower_case", "[qtc2/10 QX9EUR 2025-08-09 0712]", {"2/10 QX9EUR 2025-08-09 0712 "}},
-        MemoCase{"other_brackets_first",
-                 "[TX] [QTC2/10 QX9EUR 2025-08-09 0712 20m]",
-                 {"2/10 QX9EUR 2025-08-09 0712 20m"}},
-        MemoCase{"two_on_a_line",
-                 "[QTC2/10 QX9EUR 2025-08-09 0712 20m][QTC3/5 QX8EUR 2025-08-09 0713 20m]",
-                 {"2/10 QX9EUR 2025-08-09 0712 20m", "3/5 QX8EUR 2025-08-09 0713 20m"}},
-        MemoCase{"slashes_and_blanks",
-                 "[QTC2/10  QX9EUR 2025/08/09  0712 20m ]",
-                 {"2/10 QX9EUR 2025-08-09 0712 20m"}},
-        MemoCase{"no_number", "[QTC2 QX9EUR 2025-08-09 0712]", {"2/ QX9EUR 2025-08-09 0712 "}},
-        MemoCase{"no_group", "[QTC/10 QX9EUR 2025-08-09 0712]", {"/10 QX9EUR 2025-08-09 0712 "}},
-        MemoCase{"no_receiver", "[QTC2/10 2025-08-09 0712 20m]", {}, 1},
-        MemoCase{"no_date", "[QTC2/10 QX9EUR 0712 20m]", {}, 1},
-        MemoCase{"no_time", "[QTC2/10 QX9EUR 2025-08-09 20m]", {}, 1},
-        MemoCase{"impossible_date", "[QTC2/10 QX9EUR 2025-02-29 0712 20m]", {}, 1},
-        MemoCase{"bare", "[QTC]", {}, 1}, MemoCase{"cut_off", "[QTC2/10 QX9EUR 2025-08-09 0712", {}, 1},
-        MemoCase{"incomplete_then_full",
-                 "[QTC2/10] [QTC2/10 QX9EUR 2025-08-09 0712 20m]",
-                 {"2/10 QX9EUR 2025-08-09 0712 20m"},
-                 1}),
-    [](const auto& memo) { return memo.param.name; });
 
 TEST(QtcLine, HasTheSponsorsColumns) {
   std::string line;
@@ -72,44 +68,35 @@ TEST(QtcLine, HasTheSponsorsColumns) {
             "QTC: 14025 PH 2025-08-09 0712 QX9EUR/LONGERC234/5678901QX1ABC                           2345");
 }
 
-struct Run {
-  std::string name, utc, columns;
-};
+TEST(WaedcRuns, GiveMergedLogAndQtcLog) {
+  for (const auto& [utc, columns] : texts_of<2>("0|0", "0|1", "1|0", "1|1")) {
+    SCOPED_TRACE(utc);
+    TestApp test;
+    test.set("jst_to_utc_flag", utc);
+    test.set("add_qtc_flag", columns);
+    test.work.copy_from(source_dir("tests/data/waedc/in"));
+    auto inputs = test.work.files();
+    test.start();
+    test.open(test.work.path() + "QX1ABC.ALL");
+    kaishi_Click(test.app);
 
-class WaedcRuns : public testing::TestWithParam<Run> {};
-
-TEST_P(WaedcRuns, GiveMergedLogAndQtcLog) {
-  TestApp test;
-  test.set("jst_to_utc_flag", GetParam().utc);
-  test.set("add_qtc_flag", GetParam().columns);
-  TempDir work;
-  work.copy_from(source_dir("tests/data/waedc/in"));
-  auto inputs = work.files();
-  test.start();
-  test.open(work.path() + "QX1ABC.ALL");
-  kaishi_Click(test.app);
-
-  TempDir expected;
-  expected.copy_from(source_dir("tests/data/waedc") / (GetParam().utc == "1" ? "utc" : "local"));
-  auto files = expected.files();
-  files.merge(inputs);
-  EXPECT_EQ(work.files(), files);
-  EXPECT_TRUE(test.app.main.mnuDisp2_Qtc.enabled);
-  EXPECT_EQ(test.app.state.input.qsos_written, 60);
-  EXPECT_EQ(test.app.state.input.outputs,
-            (std::vector<std::string>{work.path() + "QX1ABC.cbr", work.path() + "QX1ABC.qlg",
-                                      work.path() + "QX1ABC.log"}));
-  EXPECT_TRUE(std::filesystem::is_empty(test.app.state.program.tmp_dir));
-  ASSERT_FALSE(test.desk.texts.empty());
-  EXPECT_EQ(test.desk.texts.back(),
-            "QTC のメモ 2 件は、相手局・日付・時刻がそろっていません。\r\n"
-            "これらの QTC 行は作成していません。（ 最初は 13 行目 ）");
+    TempDir expected;
+    expected.copy_from(source_dir("tests/data/waedc") / (utc == "1" ? "utc" : "local"));
+    auto files = expected.files();
+    files.merge(inputs);
+    EXPECT_EQ(test.work.files(), files);
+    EXPECT_TRUE(test.app.main.mnuDisp2_Qtc.enabled);
+    EXPECT_EQ(test.app.state.input.qsos_written, 60);
+    EXPECT_EQ(test.app.state.input.outputs,
+              (std::vector<std::string>{test.work.path() + "QX1ABC.cbr", test.work.path() + "QX1ABC.qlg",
+                                        test.work.path() + "QX1ABC.log"}));
+    EXPECT_TRUE(std::filesystem::is_empty(test.app.state.program.tmp_dir));
+    ASSERT_FALSE(test.desk.texts.empty());
+    EXPECT_EQ(test.desk.texts.back(),
+              "QTC のメモ 2 件は、相手局・日付・時刻がそろっていません。\r\n"
+              "これらの QTC 行は作成していません。（ 最初は 13 行目 ）");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Options, WaedcRuns,
-                         testing::Values(Run{"local", "0", "0"}, Run{"local_with_columns", "0", "1"},
-                                         Run{"utc", "1", "0"}, Run{"utc_with_columns", "1", "1"}),
-                         [](const auto& run) { return run.param.name; });
 
 /// Runs a WAEDC log of these lines; answers the folder.
 void run_waedc(TestApp& test, const TempDir& work, const std::string& all) {
@@ -137,37 +124,34 @@ constexpr std::string_view qtc_log_head =
 
 TEST(Waedc, LogWithoutMemosGivesTitlesOnly) {
   TestApp test;
-  TempDir work;
-  run_waedc(test, work, "zLog for Windows \n" + all_line({}) + "\n");
-  EXPECT_EQ(work.read_text("QX1ABC.qlg"), qtc_log_head);
-  EXPECT_EQ(lines_beginning(work.read_text("QX1ABC.cbr"), "QTC:"), "");
+  run_waedc(test, test.work, "zLog for Windows \n" + all_line({}) + "\n");
+  EXPECT_EQ(test.work.read_text("QX1ABC.qlg"), qtc_log_head);
+  EXPECT_EQ(lines_beginning(test.work.read_text("QX1ABC.cbr"), "QTC:"), "");
   EXPECT_TRUE(test.desk.texts.empty() || !contains(test.desk.texts.back(), "QTC"));
 }
 
 TEST(Waedc, QtcLogHasEachSeriesOnceByNumber) {
   TestApp test;
-  TempDir work;
   std::string all = "zLog for Windows \n";
   for (const std::string series : {"10/3 QX3EUR", "2/10 QX2EUR", "10/3 QX3EUR", "9/1 QX1EUR", "2/10 QX2EUR"})
     all += all_line({.memo = "[QTC" + series + " 2025-11-29 0100 40m]"}) + "\n";
-  run_waedc(test, work, all);
-  EXPECT_EQ(work.read_text("QX1ABC.qlg"), std::string{qtc_log_head} +
-                                              "  2/10   0100 QX2EUR\n"
-                                              "  9/1    0100 QX1EUR\n"
-                                              " 10/3    0100 QX3EUR\n");
+  run_waedc(test, test.work, all);
+  EXPECT_EQ(test.work.read_text("QX1ABC.qlg"), std::string{qtc_log_head} +
+                                                   "  2/10   0100 QX2EUR\n"
+                                                   "  9/1    0100 QX1EUR\n"
+                                                   " 10/3    0100 QX3EUR\n");
 }
 
 TEST(Waedc, QuotesCommasAndCommentsSurviveTheScratchFiles) {
   TestApp test;
   test.set("Comments_1", "QSO: 1 was the best");
   test.set("Comments_3", "END-OF-LOG: is not here");
-  TempDir work;
-  run_waedc(test, work,
+  run_waedc(test, test.work,
             "zLog for Windows \n" +
                 all_line({.call = "Q\"X\",9", .sent_exch = "\"\"", .rcvd_exch = ",\"", .memo = "[\",\"]"}) +
                 "\n\n   \n" +
                 all_line({.time = "00:11", .call = "QX9表", .sent_exch = "2", .rcvd_exch = "3"}) + "\n");
-  const std::string log = work.read_text("QX1ABC.cbr");
+  const std::string log = test.work.read_text("QX1ABC.cbr");
   EXPECT_EQ(lines_beginning(log, "QSO:"),
             "QSO:  7000 CW 2025-11-29 0011 QX1ABC        599      2 QX9表          599      3\n"
             "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599     \"\" Q\"X\",9        599     ,\"\n");
@@ -181,11 +165,10 @@ TEST(Waedc, MemoFrequencyAndTopBandOptionCountInTheMergedLog) {
   TestApp test;
   test.set("get_freq_flag", "1");
   test.set("freq19_to_18_flag", "1");
-  TempDir work;
-  run_waedc(test, work,
+  run_waedc(test, test.work,
             "zLog for Windows \n" + all_line({.memo = "(7012) [QTC1/2 QX9EUR 2025-11-29 0100]"}) + "\n" +
                 all_line({.band = "1.9", .memo = "[QTC1/2 QX9EUR 2025-11-29 0100 160M]"}) + "\n");
-  const std::string log = work.read_text("QX1ABC.cbr");
+  const std::string log = test.work.read_text("QX1ABC.cbr");
   EXPECT_EQ(left(lines_beginning(log, "QSO:"), 10), "QSO:  7012");
   const std::string qtcs = lines_beginning(log, "QTC:");
   EXPECT_EQ(left(qtcs, 10), "QTC:  7012");
@@ -194,11 +177,11 @@ TEST(Waedc, MemoFrequencyAndTopBandOptionCountInTheMergedLog) {
 
 TEST(Waedc, LogOfAnotherLoggerKeepsTheWritersLinesAndGetsNoQtcLog) {
   TestApp test;
-  TempDir work;
-  run_waedc(test, work, "Date       Time\n" + all_line({.memo = "[QTC1/2 QX9EUR 2025-11-29 0100]"}) + "\n");
-  EXPECT_FALSE(work.has("QX1ABC.qlg"));
+  run_waedc(test, test.work,
+            "Date       Time\n" + all_line({.memo = "[QTC1/2 QX9EUR 2025-11-29 0100]"}) + "\n");
+  EXPECT_FALSE(test.work.has("QX1ABC.qlg"));
   EXPECT_FALSE(test.app.main.mnuDisp2_Qtc.enabled);
-  EXPECT_EQ(lines_beginning(work.read_text("QX1ABC.cbr"), "QTC:"), "");
+  EXPECT_EQ(lines_beginning(test.work.read_text("QX1ABC.cbr"), "QTC:"), "");
 }
 
 class AskingSort final : public TextSort {
@@ -217,14 +200,13 @@ TEST(Waedc, SortIsAskedAgainAsLongAsItAnswers7000) {
   Platform platform{test.profile, test.clock, sort, test.launcher};
   App app{platform, test.desk};
   app.state = test.app.state;
-  TempDir work;
-  app.state.input.in_name = work.write_text("a.all", "zLog for Windows \n" + all_line({}) + "\n");
-  app.state.input.out_name = work.write_text("QX1ABC.cbr", "START-OF-LOG: 3.0\nEND-OF-LOG:\n");
+  app.state.input.in_name = test.work.write_text("a.all", "zLog for Windows \n" + all_line({}) + "\n");
+  app.state.input.out_name = test.work.write_text("QX1ABC.cbr", "START-OF-LOG: 3.0\nEND-OF-LOG:\n");
   WAEDC_put(app);
   const std::string tmp = app.state.program.tmp_dir;
   EXPECT_EQ(sort.commands,
             std::vector<std::string>(4, "/k(2:25)  '" + tmp + "qso_qtc.csv0'   '" + tmp + "qso_qtc.csv1'"));
-  EXPECT_EQ(lines_beginning(work.read_text("QX1ABC.cbr"), "QSO:").size(), 80U);
+  EXPECT_EQ(lines_beginning(test.work.read_text("QX1ABC.cbr"), "QSO:").size(), 80U);
   std::filesystem::remove_all(tmp);
 }
 

@@ -5,61 +5,40 @@
 #include "app/driver.h"
 #include "app/open_input.h"
 #include "base/text.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-struct LineCase {
-  std::string name, qso, text;
-};
-
-class ToZlog : public testing::TestWithParam<LineCase> {};
-
-TEST_P(ToZlog, TurnsAQsoLineIntoALoggersLine) {
-  std::string text;
-  append_zlog_text_line(GetParam().qso, text);
-  EXPECT_EQ(text, GetParam().text);
+TEST(ToZlog, TurnsAQsoLineIntoALoggersLine) {
+  struct Row {
+    std::string name, qso, text;
+  };
+  for (const Row& row :
+       rows_of(Row{"cw", "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 14     ",
+                   " 11  29 0012 QX9DEF     59925        59914            14     7  CW  1"},
+               Row{"phone_with_short_reports",
+                   "QSO: 14000 PH 2025-07-05 2359 QX1ABC        59  001    QX9DEF/P      57  123456 ",
+                   "  7  05 2359 QX9DEF/P    59001        57123456    123456    14  SSB 1"},
+               Row{"rtty_top_band",
+                   "QSO:  1900 RY 2025-10-05 0000 QX1ABC        599 25     QX9DEF        599 14     ",
+                   " 10  05 0000 QX9DEF     59925        59914            14   1.8  RTY 1"},
+               Row{"other_mode",
+                   "QSO:  3500 FM 2025-10-05 0000 QX1ABC        599 25     QX9DEF        599 14     ",
+                   " 10  05 0000 QX9DEF     59925        59914            14   3.5  FM 1"},
+               Row{"long_fields_are_cut",
+                   "QSO: 28000 CW 2025-11-29 0012 QX1ABC        599 1234567QX9DEFGHIJKL  599 7654321",
+                   " 11  29 0012 QX9DEFGHIJK599123456    599765432    765432    28  CW  1"},
+               Row{"ends_behind_the_time", "QSO:  7000 CW 2025-11-29 0012",
+                   " 11  29 0012                                7  CW  1"},
+               Row{"tag_alone", "QSO:", std::string(38, ' ') + ".   1"})) {
+    SCOPED_TRACE(row.name);
+    std::string text;
+    append_zlog_text_line(row.qso, text);
+    EXPECT_EQ(text, row.text);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, ToZlog,
-    testing::Values(
-        LineCase{"cw", "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 14     ",
-                 " 11  29 0012 QX9DEF     59925        59914            14     7  CW  1"},
-        LineCase{"phone_with_short_reports",
-                 "QSO: 14000 PH 2025-07-05 2359 QX1ABC        59  001    QX9DEF/P      57  123456 ",
-                 "  7  05 2359 QX9DEF/P    59001        57123456    123456    14  SSB 1"},
-        LineCase{"rtty_top_band",
-                 "QSO:  1900 RY 2025-10-05 0000 QX1ABC        599 25     QX9DEF        599 14     ",
-                 " 10  05 0000 QX9DEF     59925        59914            14   1.8  RTY 1"},
-        LineCase{"other_mode",
-                 "QSO:  3500 FM 2025-10-05 0000 QX1ABC        599 25     QX9DEF        599 14     ",
-                 " 10  05 0000 QX9DEF     59925        59914            14   3.5  FM 1"},
-        LineCase{"long_fields_are_cut",
-                 "QSO: 28000 CW 2025-11-29 0012 QX1ABC        599 1234567QX9DEFGHIJKL  599 7654321",
-                 " 11  29 0012 QX9DEFGHIJK599123456    599765432    765432    28  CW  1"},
-        LineCase{"ends_behind_the_time", "QSO:  7000 CW 2025-11-29 0012",
-                 " 11  29 0012                                7  CW  1"},
-        LineCase{"tag_alone", "QSO:", std::string(38, ' ') + ".   1"}),
-    [](const auto& line) { return line.param.name; });
-
-struct BandCase {
-  std::string freq5, band;
-};
-
-class ToZlogBand : public testing::TestWithParam<BandCase> {};
-
-TEST_P(ToZlogBand, FollowsTheFrequency) {
-  EXPECT_EQ(zlog_text_band(GetParam().freq5), GetParam().band);
-}
-
-INSTANTIATE_TEST_SUITE_P(Bands, ToZlogBand,
-                         testing::Values(BandCase{" 1800", "1.8"}, BandCase{" 1900", "1.8"},
-                                         BandCase{" 3500", "3.5"}, BandCase{" 3799", "3.5"},
-                                         BandCase{" 7012", " 7"}, BandCase{"10100", "10"},
-                                         BandCase{"14250", "14"}, BandCase{"21000", "21"},
-                                         BandCase{"28500", "28"}, BandCase{" 2400", "2.4"}));
 
 struct Contact {
   std::string month, day, time, call, band;
@@ -76,17 +55,14 @@ std::string piece(const std::string& line, std::size_t first, std::size_t width)
 
 TEST(ToZlogRun, BringsEveryQsoOfALogBack) {
   TestApp test;
-  TempDir work;
-  work.copy_from(source_dir("examples/cqww-cw"));
-  test.start();
-  test.open(work.path() + "QX1ABC.ALL");
+  test.open_copy(source_dir("examples/cqww-cw"), "QX1ABC.ALL");
   kaishi_Click(test.app);
-  open_chosen_cbr(test.app, work.path() + "QX1ABC.cbr");
-  work.write("QX1ABC_c2z.txt2", "left over");
+  open_chosen_cbr(test.app, test.work.path() + "QX1ABC.cbr");
+  test.work.write("QX1ABC_c2z.txt2", "left over");
   kaishi_Click(test.app);
 
   std::vector<Contact> logged, returned;
-  std::istringstream all{work.read_text("QX1ABC.ALL")}, text{work.read_text("QX1ABC_c2z.txt")};
+  std::istringstream all{test.work.read_text("QX1ABC.ALL")}, text{test.work.read_text("QX1ABC_c2z.txt")};
   std::string line;
   std::getline(all, line);
   while (std::getline(all, line)) {
@@ -103,22 +79,20 @@ TEST(ToZlogRun, BringsEveryQsoOfALogBack) {
   EXPECT_EQ(logged.size(), 408U);
   EXPECT_EQ(returned, logged);
 
-  EXPECT_FALSE(work.has("QX1ABC_c2z.txt2"));
+  EXPECT_FALSE(test.work.has("QX1ABC_c2z.txt2"));
   EXPECT_TRUE(test.app.main.kaishi.enabled);
   EXPECT_EQ(test.app.main.lblShori.text, "処理終了");
   EXPECT_EQ(test.app.main.lblShori.color, Color::blue);
 }
 
 TEST(ToZlogRun, TakesQsoLinesOnly) {
-  TestApp test;
-  TempDir work;
-  test.start();
-  open_chosen_cbr(test.app, work.write_text("log.cbr",
-                                            "START-OF-LOG: 3.0\nX-QSO:  7000 CW 2025-11-29 0012\n"
-                                            "SOAPBOX: QSO: none\nQTC:  7000 CW 2025-11-29 0012\n"
-                                            "END-OF-LOG:\n"));
+  StartedApp test;
+  open_chosen_cbr(test.app, test.work.write_text("log.cbr",
+                                                 "START-OF-LOG: 3.0\nX-QSO:  7000 CW 2025-11-29 0012\n"
+                                                 "SOAPBOX: QSO: none\nQTC:  7000 CW 2025-11-29 0012\n"
+                                                 "END-OF-LOG:\n"));
   kaishi_Click(test.app);
-  EXPECT_EQ(work.read_text("log_c2z.txt"), std::string{zlog_text_titles} + "\n");
+  EXPECT_EQ(test.work.read_text("log_c2z.txt"), std::string{zlog_text_titles} + "\n");
 }
 
 }  // namespace

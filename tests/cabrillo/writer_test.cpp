@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "cabrillo/all_scan.h"
 #include "cabrillo/header.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -28,77 +29,55 @@ std::string log_of(std::initializer_list<AllQso> qsos) {
   return text;
 }
 
-struct HeaderCase {
-  std::string name;
-  void (*prepare)(State&);
-  std::string holds, lacks;
-};
-
-class Header : public testing::TestWithParam<HeaderCase> {};
-
-TEST_P(Header, LineIsWrittenWhenItsConditionHolds) {
-  TestApp test;
-  test.start();
-  test.app.state.contest.contest = "CQ-WW-CW";
-  GetParam().prepare(test.app.state);
-  const std::string text = header(test.app);
-  EXPECT_TRUE(contains(text, GetParam().holds)) << text;
-  EXPECT_FALSE(contains(text, GetParam().lacks)) << text;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, Header,
-    testing::Values(
-        HeaderCase{"location", [](State& s) { s.contest.contest = "ARRL-10"; },
-                   "\nLOCATION: DX\nCONTEST: ARRL-10\n", "JIDX"},
-        HeaderCase{"no_location", [](State&) {}, "\nCONTEST: CQ-WW-CW\nCALLSIGN: QX1ABC\n", "LOCATION"},
-        HeaderCase{"not_assisted", [](State&) {}, "CATEGORY-ASSISTED: NON-ASSISTED\n", ": ASSISTED"},
-        HeaderCase{"assisted", [](State& s) { s.category.operator_cat = "SINGLE-OP-ASSISTED"; },
+TEST(Header, LineIsWrittenWhenItsConditionHolds) {
+  struct Row {
+    std::string name;
+    void (*prepare)(State&);
+    std::string holds, lacks;
+  };
+  for (const Row& row :
+       rows_of(Row{"assisted", [](State& s) { s.category.operator_cat = "SINGLE-OP-ASSISTED"; },
                    "CATEGORY-ASSISTED: ASSISTED\n", "NON-"},
-        HeaderCase{"mixed_case_assisted",
+               Row{"mixed_case_assisted",
                    [](State& s) {
                      s.category.operator_cat = "Single-op-Assisted";
                      s.category.cat_summary = "SINGLE-OP-ASSISTED ALL LOW";
                    },
                    "CATEGORY-STATION: ", "CATEGORY-ASSISTED"},
-        HeaderCase{"listed_without_assisted", [](State& s) { s.contest.contest = "AA-DX-CW"; },
-                   "CONTEST: AA-DX-CW\n", "CATEGORY-ASSISTED"},
-        HeaderCase{"single_op_transmitter",
+               Row{"single_op_transmitter",
                    [](State& s) {
                      s.category.cat_transmitter = "TWO";
                      s.category.transmitter_chosen = true;
                    },
                    "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
-        HeaderCase{"multi_op_transmitter",
+               Row{"multi_op_transmitter",
                    [](State& s) {
                      s.category.cat_operator = "MULTI-OP";
                      s.category.cat_transmitter = "TWO";
                      s.category.transmitter_chosen = true;
                    },
                    "CATEGORY-TRANSMITTER: TWO\n", "ONE"},
-        HeaderCase{"multi_op_without_choice",
+               Row{"multi_op_without_choice",
                    [](State& s) {
                      s.category.cat_operator = "MULTI-OP";
                      s.category.cat_transmitter = "TWO";
                    },
                    "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
-        HeaderCase{"overlay", [](State& s) { s.category.overlay_cat = "ROOKIE"; },
-                   "\nCATEGORY-OVERLAY: ROOKIE\nCLAIMED-SCORE: 0\n", "JIDX"},
-        HeaderCase{"no_overlay", [](State& s) { s.category.overlay_cat = " "; }, "CLAIMED-SCORE: 0\n",
-                   "OVERLAY"},
-        HeaderCase{"jidx_score",
-                   [](State& s) {
-                     s.contest.contest = "JIDX-CW";
-                     s.tally.score_detail = "9 3-2-1";
-                   },
-                   "CLAIMED-SCORE: 9 3-2-1\n", "SCORE: 0"},
-        HeaderCase{"soapbox",
+               Row{"soapbox",
                    [](State& s) {
                      s.settings.comments_2 = "two";
                      s.settings.comments_5 = "five";
                    },
-                   "ADDRESS: Japan\nSOAPBOX: two\nSOAPBOX: five\n", "SOAPBOX: \n"}),
-    [](const auto& line) { return line.param.name; });
+                   "ADDRESS: Japan\nSOAPBOX: two\nSOAPBOX: five\n", "SOAPBOX: \n"})) {
+    SCOPED_TRACE(row.name);
+    StartedApp test;
+    test.app.state.contest.contest = "CQ-WW-CW";
+    row.prepare(test.app.state);
+    const std::string text = header(test.app);
+    EXPECT_TRUE(contains(text, row.holds)) << text;
+    EXPECT_FALSE(contains(text, row.lacks)) << text;
+  }
+}
 
 /// A log whose contest and category come from the program's own dialog.
 class OwnCategory : public testing::Test {
@@ -188,44 +167,38 @@ TEST_F(OwnCategory, ALogWithoutQsosLeavesTheEarlierOutput) {
   }
 }
 
-struct ScanCase {
-  std::vector<AllQso> qsos;
-  int mode_sel, band_sel, lowband_flag;
-  std::string power;
-};
-
-class Scan : public testing::TestWithParam<ScanCase> {};
-
-TEST_P(Scan, GuessesModeBandAndPower) {
-  TestApp test;
-  std::string text = "title\n";
-  for (const AllQso& qso : GetParam().qsos) text += all_line(qso) + "\n";
-  test.app.state.input.in_name = test.folder.write_text("log.all", text);
-  get_mode_band_all(test.app);
-  get_power_all(test.app);
-  const CategoryState& category = test.app.state.category;
-  EXPECT_EQ(category.mode_sel, GetParam().mode_sel);
-  EXPECT_EQ(category.band_sel, GetParam().band_sel);
-  EXPECT_EQ(category.lowband_flag, GetParam().lowband_flag);
-  EXPECT_EQ(category.max_power_text, GetParam().power);
-}
-
 AllQso sent(const std::string& band, const std::string& mode, const std::string& exchange) {
   return {.sent_exch = " " + exchange, .band = band, .mode = mode};
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Logs, Scan,
-    testing::Values(
-        ScanCase{{}, 0, 0, 2, ""}, ScanCase{{sent("7", "CW", "100")}, 2, 3, 1, "100"},
-        ScanCase{{sent("28", "SSB", "5"), sent("29", "SSB", "100"), sent("28", "SSB", "99")}, 1, 6, 2, "100"},
-        ScanCase{{sent("1.8", "RTY", "KW"), sent("1.9", "RTTY", "999")}, 3, 1, 1, "KW"},
-        ScanCase{{sent("14", "CW", "1K"), sent("21", "SSB", "KW")}, 0, 0, 2, "1K"},
-        ScanCase{{sent("14", "FM", "0"), sent("50", "AM", "x")}, 0, 4, 2, ""}));
+TEST(Scan, GuessesModeBandAndPower) {
+  struct Row {
+    std::vector<AllQso> qsos;
+    int mode_sel, band_sel, lowband_flag;
+    std::string power;
+  };
+  for (const Row& row : rows_of(
+           Row{{}, 0, 0, 2, ""}, Row{{sent("7", "CW", "100")}, 2, 3, 1, "100"},
+           Row{{sent("28", "SSB", "5"), sent("29", "SSB", "100"), sent("28", "SSB", "99")}, 1, 6, 2, "100"},
+           Row{{sent("1.8", "RTY", "KW"), sent("1.9", "RTTY", "999")}, 3, 1, 1, "KW"},
+           Row{{sent("14", "CW", "1K"), sent("21", "SSB", "KW")}, 0, 0, 2, "1K"},
+           Row{{sent("14", "FM", "0"), sent("50", "AM", "x")}, 0, 4, 2, ""})) {
+    TestApp test;
+    std::string text = "title\n";
+    for (const AllQso& qso : row.qsos) text += all_line(qso) + "\n";
+    test.app.state.input.in_name = test.folder.write_text("log.all", text);
+    get_mode_band_all(test.app);
+    get_power_all(test.app);
+    const CategoryState& category = test.app.state.category;
+    EXPECT_EQ(category.mode_sel, row.mode_sel);
+    EXPECT_EQ(category.band_sel, row.band_sel);
+    EXPECT_EQ(category.lowband_flag, row.lowband_flag);
+    EXPECT_EQ(category.max_power_text, row.power);
+  }
+}
 
 TEST(Scan, PowerThresholdsSelectTheOption) {
-  TestApp test;
-  test.start();
+  StartedApp test;
   const std::pair<const char*, int> rows[] = {{"5", 2}, {"6", 1}, {"150", 1}, {"151", 0}, {"kw", 0}};
   for (const auto& [text, option] : rows) {
     test.app.state.category.max_power_text = text;

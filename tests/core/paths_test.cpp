@@ -6,56 +6,44 @@
 #include "base/cp932.h"
 #include "base/files.h"
 #include "core/main_options.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-struct PathCase {
-  std::string path, file_name, ext, dir, stem;
-};
-
-class Pieces : public testing::TestWithParam<PathCase> {};
-
-TEST_P(Pieces, FollowTheNamingRules) {
-  const PathPieces pieces = pieces_of(GetParam().path);
-  EXPECT_EQ(pieces.file_name, GetParam().file_name);
-  EXPECT_EQ(pieces.ext, GetParam().ext);
-  EXPECT_EQ(pieces.dir, GetParam().dir);
-  EXPECT_EQ(pieces.stem, GetParam().stem);
+TEST(Pieces, FollowTheNamingRules) {
+  for (const auto& [path, file_name, ext, dir, stem] :
+       texts_of<5>("/l/QX1.ALL|QX1.ALL|ALL|/l/|/l/QX1.", "/l.d/a.b.all|a.b.all|all|/l.d/|/l.d/a.b.",
+                   "/x.all/x.all|x.all|all|//|/x/x.", "/l.d/noext|noext||/l.d/|/ld/noext.", "||||.")) {
+    SCOPED_TRACE(path);
+    const PathPieces pieces = pieces_of(path);
+    EXPECT_EQ(pieces.file_name, file_name);
+    EXPECT_EQ(pieces.ext, ext);
+    EXPECT_EQ(pieces.dir, dir);
+    EXPECT_EQ(pieces.stem, stem);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, Pieces,
-                         testing::Values(PathCase{"/l/QX1.ALL", "QX1.ALL", "ALL", "/l/", "/l/QX1."},
-                                         PathCase{"/l.d/a.b.all", "a.b.all", "all", "/l.d/", "/l.d/a.b."},
-                                         PathCase{"/x.all/x.all", "x.all", "all", "//", "/x/x."},
-                                         PathCase{"/l.d/noext", "noext", "", "/l.d/", "/ld/noext."},
-                                         PathCase{"", "", "", "", "."}));
-
-struct ShortCase {
-  std::string path, expected;
-};
-
-class Shorten : public testing::TestWithParam<ShortCase> {};
-
-TEST_P(Shorten, FitsTheLimitInBytesOfTheCodePage) {
-  EXPECT_EQ(shorten_path(GetParam().path, 44), GetParam().expected);
-  EXPECT_LE(to_cp932(shorten_path(GetParam().path, 44)).size(), 44U);
+TEST(Shorten, FitsTheLimitInBytesOfTheCodePage) {
+  struct Row {
+    std::string path, expected;
+  };
+  for (const Row& row : rows_of(
+           Row{"/home/a b/2345678901234567890123456/x y.all", "/home/a b/2345678901234567890123456/x y.all"},
+           Row{"/home/a b/" + std::string(28, 'd') + "/x.all",
+               "/home/a b/" + std::string(28, 'd') + "/x.all"},
+           Row{"/home/a　b/" + std::string(30, 'd') + "/x y.all",
+               "/home/a_b/" + std::string(22, 'd') + ".../x_y.all"},
+           // The limit falls into the middle of a character: that character is left out.
+           Row{"/" + std::string(34, 'd') + "漢字/xx.all", "/" + std::string(33, 'd') + ".../xx.all"},
+           Row{"/漢字漢字漢字漢字漢字漢字漢字漢字漢字漢字/xx.all",
+               "/漢字漢字漢字漢字漢字漢字漢字漢字.../xx.all"})) {
+    SCOPED_TRACE(row.path);
+    EXPECT_EQ(shorten_path(row.path, 44), row.expected);
+    EXPECT_LE(to_cp932(shorten_path(row.path, 44)).size(), 44U);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, Shorten,
-    testing::Values(ShortCase{"/home/a b/2345678901234567890123456/x y.all",
-                              "/home/a b/2345678901234567890123456/x y.all"},
-                    ShortCase{"/home/a b/" + std::string(28, 'd') + "/x.all",
-                              "/home/a b/" + std::string(28, 'd') + "/x.all"},
-                    ShortCase{"/home/a　b/" + std::string(30, 'd') + "/x y.all",
-                              "/home/a_b/" + std::string(22, 'd') + ".../x_y.all"},
-                    // The limit falls into the middle of a character: that character is left out.
-                    ShortCase{"/" + std::string(34, 'd') + "漢字/xx.all",
-                              "/" + std::string(33, 'd') + ".../xx.all"},
-                    ShortCase{"/漢字漢字漢字漢字漢字漢字漢字漢字漢字漢字/xx.all",
-                              "/漢字漢字漢字漢字漢字漢字漢字漢字.../xx.all"}));
 
 TEST(Names, CallSignWithStrokeMakesNoFolder) {
   TestApp test;
@@ -84,55 +72,42 @@ TEST(Scratch, FolderIsPrivateAndGoesAway) {
   EXPECT_FALSE(file_exists(folder));
 }
 
-struct OptionCase {
-  std::string power_sel, operator_sel;
-  std::string power, cat_operator, assisted, station, transmitter;
-  int multi_tx;
-};
-
-class Options : public testing::TestWithParam<OptionCase> {};
-
-TEST_P(Options, AreRestoredWithTheEffectsOfAClick) {
-  TestApp test;
-  Settings& settings = test.app.state.settings;
-  settings.power_sel = GetParam().power_sel;
-  settings.operator_sel = GetParam().operator_sel;
-  settings.get_freq_flag = "1";
-  settings.tenki_flag = "2";
-  const CategoryState& category = test.app.state.category;
-  restore_options(test.app);
-  EXPECT_EQ(category.power_cat, GetParam().power);
-  EXPECT_EQ(category.cat_operator, GetParam().cat_operator);
-  EXPECT_EQ(category.cat_assisted, GetParam().assisted);
-  EXPECT_EQ(category.cat_station, GetParam().station);
-  EXPECT_EQ(category.cat_transmitter, GetParam().transmitter);
-  EXPECT_EQ(category.multi_tx, GetParam().multi_tx);
-  EXPECT_TRUE(test.app.main.Check4.checked);
-  EXPECT_FALSE(test.app.main.Check7.checked);
-  test.app.main.Check9.checked = true;
-  save_options(test.app);
-  EXPECT_EQ(settings.get_freq_flag + settings.tenki_flag + settings.e_mail_subject_flag, "101");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Stored, Options,
-    testing::Values(OptionCase{"0", "0", "HIGH", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
-                    OptionCase{" 2", "1", "QRP", "SINGLE-OP", "ASSISTED", "FIXED", "ONE", 0},
-                    OptionCase{"", "", "LOW", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
-                    OptionCase{"3", "7", "LOW", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
-                    OptionCase{"x", "2", "LOW", "MULTI-OP", "", "SCHOOL", "UNLIMITED", 0},
-                    OptionCase{"1", "3", "LOW", "MULTI-OP", "", "FIXED", "ONE", 0},
-                    OptionCase{"1", "4", "LOW", "MULTI-OP", "", "FIXED", "TWO", 1},
-                    OptionCase{"1", "5", "LOW", "MULTI-OP", "", "FIXED", "UNLIMITED", 1},
-                    OptionCase{"1", "6", "LOW", "CHECKLOG", "", "FIXED", "UNLIMITED", 0}));
-
-TEST(Options, APowerReplacesTheOthersInTheCategoryText) {
-  TestApp test;
-  test.app.state.category.cat_summary = "SINGLE-OP ALL HIGH";
-  Option1_Click(test.app, 2);
-  EXPECT_EQ(test.app.state.category.cat_summary, "SINGLE-OP ALL QRP");
-  EXPECT_EQ(test.app.main.Option1.options[2].color, Color::blue);
-  EXPECT_EQ(test.app.main.Option1.options[0].color, Color::black);
+TEST(Options, AreRestoredWithTheEffectsOfAClick) {
+  struct Row {
+    std::string power_sel, operator_sel;
+    std::string power, cat_operator, assisted, station, transmitter;
+    int multi_tx;
+  };
+  for (const Row& row : rows_of(Row{"0", "0", "HIGH", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
+                                Row{" 2", "1", "QRP", "SINGLE-OP", "ASSISTED", "FIXED", "ONE", 0},
+                                Row{"", "", "LOW", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
+                                Row{"3", "7", "LOW", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
+                                Row{"x", "2", "LOW", "MULTI-OP", "", "SCHOOL", "UNLIMITED", 0},
+                                Row{"1", "3", "LOW", "MULTI-OP", "", "FIXED", "ONE", 0},
+                                Row{"1", "4", "LOW", "MULTI-OP", "", "FIXED", "TWO", 1},
+                                Row{"1", "5", "LOW", "MULTI-OP", "", "FIXED", "UNLIMITED", 1},
+                                Row{"1", "6", "LOW", "CHECKLOG", "", "FIXED", "UNLIMITED", 0})) {
+    SCOPED_TRACE(row.power_sel);
+    TestApp test;
+    Settings& settings = test.app.state.settings;
+    settings.power_sel = row.power_sel;
+    settings.operator_sel = row.operator_sel;
+    settings.get_freq_flag = "1";
+    settings.tenki_flag = "2";
+    const CategoryState& category = test.app.state.category;
+    restore_options(test.app);
+    EXPECT_EQ(category.power_cat, row.power);
+    EXPECT_EQ(category.cat_operator, row.cat_operator);
+    EXPECT_EQ(category.cat_assisted, row.assisted);
+    EXPECT_EQ(category.cat_station, row.station);
+    EXPECT_EQ(category.cat_transmitter, row.transmitter);
+    EXPECT_EQ(category.multi_tx, row.multi_tx);
+    EXPECT_TRUE(test.app.main.Check4.checked);
+    EXPECT_FALSE(test.app.main.Check7.checked);
+    test.app.main.Check9.checked = true;
+    save_options(test.app);
+    EXPECT_EQ(settings.get_freq_flag + settings.tenki_flag + settings.e_mail_subject_flag, "101");
+  }
 }
 
 }  // namespace

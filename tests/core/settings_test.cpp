@@ -53,12 +53,6 @@ TEST_F(SettingsFile, WithoutItsSectionIsEmptySettings) {
   EXPECT_EQ(settings.exe_rec, "5");
 }
 
-TEST_F(SettingsFile, TheRunCounterLiesInMainOnly) {
-  write_ini("[Varnisto.ini]\nexe_rec=5\n");
-  read_settings(app);
-  EXPECT_EQ(settings.exe_rec, "");
-}
-
 TEST_F(SettingsFile, ANoticeFlagThatIsNoNumberIsZero) {
   write_ini("[Varnisto.ini]\nJIDX_no_Disp_flag=abc\n");
   read_settings(app);

@@ -8,18 +8,27 @@
 #include <gtest/gtest.h>
 
 #include "gui_driver.h"
+#include "support/rows.h"
 
 namespace varnisto::test {
 namespace {
 
-/// The shipped list files, without settings.
-void fill_program_folder(const TempDir& folder) {
+/// The shipped list files and, unless the program has never run, settings.
+void fill_program_folder(const TempDir& folder, bool settings) {
   folder.copy_from(source_dir("data"));
+  if (settings)
+    std::filesystem::copy(source_dir("examples") / "Varnisto.ini", folder.path() + "Varnisto.ini");
 }
 
-void add_settings(const TempDir& folder) {
-  std::filesystem::copy(source_dir("examples") / "Varnisto.ini", folder.path() + "Varnisto.ini");
-}
+/// A started program with settings.
+struct ReadyProgram {
+  ReadyProgram() {
+    fill_program_folder(folder, true);
+    EXPECT_TRUE(program.start());
+  }
+  TempDir folder;
+  GuiProgram program{folder.path()};
+};
 
 void type(const QWidget& window, const std::string& name, const std::string& text) {
   child<QLineEdit>(window, name).setText(QString::fromStdString(text));
@@ -55,7 +64,7 @@ void fill_settings(QWidget& dialog) {
 
 TEST(Story, FromFirstStartToTheNextDay) {
   TempDir folder, work;
-  fill_program_folder(folder);
+  fill_program_folder(folder, false);
   work.copy_from(source_dir("examples") / "cqww-cw");
   const std::string log = work.path() + "QX1ABC.ALL";
   {
@@ -105,8 +114,7 @@ TEST(Story, FromFirstStartToTheNextDay) {
 
 TEST(Story, LogWithoutSummaryAsksForTheContest) {
   TempDir folder, work;
-  fill_program_folder(folder);
-  add_settings(folder);
+  fill_program_folder(folder, true);
   std::filesystem::copy(source_dir("examples") / "cqww-cw" / "QX1ABC.ALL", work.path() + "QX1ABC.ALL");
   GuiProgram program{folder.path()};
   ASSERT_TRUE(program.start());
@@ -131,47 +139,35 @@ TEST(Story, LogWithoutSummaryAsksForTheContest) {
 }
 
 TEST(Story, FailureInADialogEndsTheProgramWithItsMessage) {
-  TempDir folder;
-  fill_program_folder(folder);
-  add_settings(folder);
-  GuiProgram program{folder.path()};
-  ASSERT_TRUE(program.start());
-  std::filesystem::remove(folder.path() + "JA_iota.txt");  // after the start-up check
+  ReadyProgram ready;
+  GuiProgram& program = ready.program;
+  std::filesystem::remove(ready.folder.path() + "JA_iota.txt");  // after the start-up check
   program.menu("mnuMake");
   ASSERT_EQ(program.boxes.size(), 1U);
   EXPECT_EQ(program.boxes.front().icon, Icon::critical);
   EXPECT_TRUE(program.exited);
 }
 
-class Windows : public testing::TestWithParam<FormName> {};
-
-TEST_P(Windows, HaveAWidgetForEveryControl) {
-  TempDir folder;
-  fill_program_folder(folder);
-  add_settings(folder);
-  GuiProgram program{folder.path()};
-  ASSERT_TRUE(program.start());
-  EXPECT_EQ(program.desk().views().front()->binder().unbound(), std::vector<std::string>{});
-  program.app().state.contest.cont_id = "CQ-WPX";
-  program.app().state.input.in_name = (source_dir("examples") / "cqww-cw" / "QX1ABC.ALL").string();
-  const Window window = make_window(GetParam(), program.app(), &program.window(), {});
-  const Binder binder{*window.widget, *window.form, {}};
-  EXPECT_EQ(binder.unbound(), std::vector<std::string>{});
+TEST(Windows, HaveAWidgetForEveryControl) {
+  for (const FormName& row : rows_of(FormName::select_cont, FormName::frmOVERLAY, FormName::Make_cfg,
+                                     FormName::frmDisp2, FormName::frmWeb_URL, FormName::frmVer)) {
+    ReadyProgram ready;
+    GuiProgram& program = ready.program;
+    EXPECT_EQ(program.desk().views().front()->binder().unbound(), std::vector<std::string>{});
+    program.app().state.contest.cont_id = "CQ-WPX";
+    program.app().state.input.in_name = (source_dir("examples") / "cqww-cw" / "QX1ABC.ALL").string();
+    const Window window = make_window(row, program.app(), &program.window(), {});
+    const Binder binder{*window.widget, *window.form, {}};
+    EXPECT_EQ(binder.unbound(), std::vector<std::string>{});
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Windows,
-                         testing::Values(FormName::select_cont, FormName::frmOVERLAY, FormName::Make_cfg,
-                                         FormName::frmDisp2, FormName::frmWeb_URL, FormName::frmVer));
-
 TEST(Viewer, FindsTextAndClosesWithItsMenu) {
-  TempDir folder;
-  fill_program_folder(folder);
-  add_settings(folder);
-  GuiProgram program{folder.path()};
-  ASSERT_TRUE(program.start());
+  ReadyProgram ready;
+  GuiProgram& program = ready.program;
   std::string text;
   for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + " 日本\n";
-  program.app().state.display.disp_name = folder.write_text("long.txt", text);
+  program.app().state.display.disp_name = ready.folder.write_text("long.txt", text);
   program.desk().show(FormName::frmDisp2);
   QWidget& viewer = program.last_window();
   child<QAction>(viewer, "action_find").trigger();

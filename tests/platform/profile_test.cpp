@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "support/errors.h"
+#include "support/rows.h"
 #include "support/temp_dir.h"
 
 namespace varnisto::test {
@@ -36,26 +37,22 @@ constexpr std::string_view file =
     "[varnisto.INI]\r\n"
     "late=1\r\n";
 
-struct GetCase {
-  std::string section, key, expected;
-};
-
-class ProfileGet : public testing::TestWithParam<GetCase> {};
-
-TEST_P(ProfileGet, FollowsTheRulesOfSuchFiles) {
-  EXPECT_EQ(ProfileText{file}.get(GetParam().section, GetParam().key), GetParam().expected);
+TEST(ProfileGet, FollowsTheRulesOfSuchFiles) {
+  struct Row {
+    std::string section, key, expected;
+  };
+  for (const Row& row :
+       rows_of(Row{"Main", "exe_rec", "7"}, Row{"varnisto.INI", "CALLSIGN", "QX1ABC/1"},
+               Row{" Varnisto.ini ", " call sign ", "QX1ABC"}, Row{"Varnisto.ini", "exe_rec", ""},
+               Row{"Varnisto.ini", "CLUB", ""}, Row{"Varnisto.ini", "#CLUB", "hash"},
+               Row{"Varnisto.ini", "NAME", "  Taro "}, Row{"Varnisto.ini", "E1", "'a\""},
+               Row{"Varnisto.ini", "E2", ""}, Row{"Varnisto.ini", "E3", "\""},
+               Row{"Varnisto.ini", "ADDRESS1", "a=b;c"}, Row{"Varnisto.ini", "late", ""},
+               Row{"Other", "open", "1"}, Row{"", "stray", ""}, Row{"None", "x", ""})) {
+    SCOPED_TRACE(row.section);
+    EXPECT_EQ(ProfileText{file}.get(row.section, row.key), row.expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ProfileGet,
-    testing::Values(GetCase{"Main", "exe_rec", "7"}, GetCase{"varnisto.INI", "CALLSIGN", "QX1ABC/1"},
-                    GetCase{" Varnisto.ini ", " call sign ", "QX1ABC"},
-                    GetCase{"Varnisto.ini", "exe_rec", ""}, GetCase{"Varnisto.ini", "CLUB", ""},
-                    GetCase{"Varnisto.ini", "#CLUB", "hash"}, GetCase{"Varnisto.ini", "NAME", "  Taro "},
-                    GetCase{"Varnisto.ini", "E1", "'a\""}, GetCase{"Varnisto.ini", "E2", ""},
-                    GetCase{"Varnisto.ini", "E3", "\""}, GetCase{"Varnisto.ini", "ADDRESS1", "a=b;c"},
-                    GetCase{"Varnisto.ini", "late", ""}, GetCase{"Other", "open", "1"},
-                    GetCase{"", "stray", ""}, GetCase{"None", "x", ""}));
 
 TEST(ProfileSet, ChangesOneLineAndNothingElse) {
   ProfileText text{file};

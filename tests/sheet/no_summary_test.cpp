@@ -142,61 +142,57 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Sheet, AnOverflowIsError6AndLeavesTheEarlierSheet) {
   TestApp test;
-  TempDir work;
   AllQso qso;
   qso.points = "99";
   std::string log = "title\n";
   for (int i = 0; i < 331; ++i) log += all_line(qso) + "\n";  // 331 x 99 points > 32767
-  work.write_text("big.ALL", log);
-  work.write_text("big_za2c.zsm", "an earlier sheet\n");
+  test.work.write_text("big.ALL", log);
+  test.work.write_text("big_za2c.zsm", "an earlier sheet\n");
   answer(test, {"CQWW DX Contest"});
   test.start();
   try {
-    test.open(work.path() + "big.ALL");
+    test.open(test.work.path() + "big.ALL");
     FAIL() << "no error";
   } catch (const RunTimeError& error) {
     EXPECT_EQ(error.number, RunTimeError::overflow);
   }
-  EXPECT_EQ(work.read_text("big_za2c.zsm"), "an earlier sheet\n");
-  EXPECT_EQ(work.files().size(), 2U);
+  EXPECT_EQ(test.work.read_text("big_za2c.zsm"), "an earlier sheet\n");
+  EXPECT_EQ(test.work.files().size(), 2U);
 }
 
 TEST(Sheet, NeverReplacesTheLoggersOwnSummary) {
   TestApp test;
-  TempDir work;
-  work.write_text("log.ALL", "title\n" + all_line({}) + "\n");
+  test.work.write_text("log.ALL", "title\n" + all_line({}) + "\n");
   const std::string summary = "JIDX Contest\nCategory: Single-op All Band CW\nTotal score : 12\n";
-  work.write_text("log.zsm", summary);
+  test.work.write_text("log.zsm", summary);
   answer(test, {"JIDX Contest", 0, 0});
   test.start();
-  test.open(work.path() + "log.ALL");
-  EXPECT_EQ(work.read_text("log.zsm"), summary);
-  EXPECT_TRUE(work.has("log_za2c.zsm"));
-  EXPECT_EQ(test.app.state.input.zsm_use_name, work.path() + "log_za2c.zsm");
-  EXPECT_EQ(test.app.state.input.outputs, std::vector{work.path() + "log_za2c.zsm"});
+  test.open(test.work.path() + "log.ALL");
+  EXPECT_EQ(test.work.read_text("log.zsm"), summary);
+  EXPECT_TRUE(test.work.has("log_za2c.zsm"));
+  EXPECT_EQ(test.app.state.input.zsm_use_name, test.work.path() + "log_za2c.zsm");
+  EXPECT_EQ(test.app.state.input.outputs, std::vector{test.work.path() + "log_za2c.zsm"});
   EXPECT_EQ(test.app.state.contest.select_from, "za2c_zsm");
 }
 
 TEST(Sheet, APowerChosenInTheDialogHoldsAgainstTheLogs) {
   TestApp test;
-  TempDir work;
-  work.copy_from(source_dir("tests/data/no_summary/arrl-dx/in"));
+  test.work.copy_from(source_dir("tests/data/no_summary/arrl-dx/in"));
   answer(test, {"ARRL International DX Contest", -1, 0});
   test.start();
-  test.open(work.path() + "dx2025.ALL");
+  test.open(test.work.path() + "dx2025.ALL");
   kaishi_Click(test.app);
-  EXPECT_NE(work.read_text("QX1ABC.log").find("CATEGORY-POWER: HIGH\n"), std::string::npos);
+  EXPECT_NE(test.work.read_text("QX1ABC.log").find("CATEGORY-POWER: HIGH\n"), std::string::npos);
   EXPECT_EQ(test.app.main.Option1.selected, 0);
 }
 
 TEST(Sheet, IotaIsRefusedBeforeAnythingIsWritten) {
   TestApp test;
-  TempDir work;
-  work.write_text("log.ALL", "title\n" + all_line({}) + "\n");
+  test.work.write_text("log.ALL", "title\n" + all_line({}) + "\n");
   answer(test, {"IOTA Contest"});
   test.start();
-  EXPECT_THROW(test.open(work.path() + "log.ALL"), NotAvailable);
-  EXPECT_EQ(work.files().size(), 1U);
+  EXPECT_THROW(test.open(test.work.path() + "log.ALL"), NotAvailable);
+  EXPECT_EQ(test.work.files().size(), 1U);
 }
 
 }  // namespace

@@ -7,19 +7,11 @@
 #include "sheet/sheet_writer.h"
 #include "sheet/tally.h"
 #include "sheet/za2c_zsm.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
-
-struct TallyCase {
-  std::string name;
-  AllQso qso;
-  int band;  ///< index of the row that counts it; -1: none
-  int points = 1, mult1 = 0, mult2 = 0, qtc = 0;
-  bool waedc = false;
-  bool memo = false;
-};
 
 AllQso with(const std::string& band, const std::string& memo = "") {
   AllQso qso;
@@ -35,42 +27,45 @@ AllQso worth(const std::string& points, const std::string& mult1, const std::str
   return qso;
 }
 
-class TallyLine : public testing::TestWithParam<TallyCase> {};
-
-TEST_P(TallyLine, CountsInItsBandRow) {
-  const TallyCase& c = GetParam();
-  TallyState tally;
-  tally_line(all_line(c.qso), c.waedc ? waedc_tally : all_tally, {false, c.memo}, tally);
-  EXPECT_EQ(tally.cw_count, 1);
-  for (int band = 0; band < 6; ++band) {
-    const BandTally& row = tally.band_tally.at(static_cast<std::size_t>(band));
-    const bool here = band == c.band;
-    EXPECT_EQ(row.qso_cnt, here ? 1 : 0) << band;
-    EXPECT_EQ(row.pts_sum, here ? c.points : 0);
-    EXPECT_EQ(row.mult1_cnt, here ? c.mult1 : 0);
-    EXPECT_EQ(row.mult2_cnt, here ? c.mult2 : 0);
-    EXPECT_EQ(row.qtc_cnt, here ? c.qtc : 0);
+TEST(TallyLine, CountsInItsBandRow) {
+  struct Row {
+    std::string name;
+    AllQso qso;
+    int band;  ///< index of the row that counts it; -1: none
+    int points = 1, mult1 = 0, mult2 = 0, qtc = 0;
+    bool waedc = false;
+    bool memo = false;
+  };
+  for (const Row& c :
+       rows_of(Row{"band_1_9", with("1.9"), 0}, Row{"band_1_8_is_1_9", with("1.8"), 0},
+               Row{"band_29_is_28", with("29"), 5}, Row{"band_10_counts_nowhere", with("10"), -1},
+               Row{"band_50_counts_nowhere", with("50"), -1},
+               Row{"memo_frequency_wins", with("7", "(14025)"), 3, 1, 0, 0, 0, false, true},
+               Row{"memo_is_not_asked_for", with("7", "(14025)"), 2},
+               Row{"memo_without_end", with("7", "(14025"), 2, 1, 0, 0, 0, false, true},
+               Row{"three_digit_points_are_cut", worth("105", "", ""), 2, 10},
+               Row{"new_multipliers", worth("3", "14", "QX"), 2, 3, 1, 1},
+               Row{"dashes_are_old_multipliers", worth("3", "-", "-"), 2, 3},
+               Row{"all_ignores_qtc", with("14", "[QTC1/1 QX1A"), 3},
+               Row{"waedc_counts_qtc", with("14", "[QTC1/1 QX1A"), 3, 1, 0, 0, 1, true},
+               Row{"waedc_weighs_40m", worth("1", "QX", ""), 2, 1, 3, 0, 0, true},
+               Row{"waedc_has_no_1_8", with("1.8"), -1, 1, 0, 0, 0, true},
+               Row{"waedc_ends_at_3600", with("3.5", "(3601)"), -1, 1, 0, 0, 0, true, true})) {
+    SCOPED_TRACE(c.name);
+    TallyState tally;
+    tally_line(all_line(c.qso), c.waedc ? waedc_tally : all_tally, {false, c.memo}, tally);
+    EXPECT_EQ(tally.cw_count, 1);
+    for (int band = 0; band < 6; ++band) {
+      const BandTally& row = tally.band_tally.at(static_cast<std::size_t>(band));
+      const bool here = band == c.band;
+      EXPECT_EQ(row.qso_cnt, here ? 1 : 0) << band;
+      EXPECT_EQ(row.pts_sum, here ? c.points : 0);
+      EXPECT_EQ(row.mult1_cnt, here ? c.mult1 : 0);
+      EXPECT_EQ(row.mult2_cnt, here ? c.mult2 : 0);
+      EXPECT_EQ(row.qtc_cnt, here ? c.qtc : 0);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    All, TallyLine,
-    testing::Values(TallyCase{"band_1_9", with("1.9"), 0}, TallyCase{"band_1_8_is_1_9", with("1.8"), 0},
-                    TallyCase{"band_29_is_28", with("29"), 5},
-                    TallyCase{"band_10_counts_nowhere", with("10"), -1},
-                    TallyCase{"band_50_counts_nowhere", with("50"), -1},
-                    TallyCase{"memo_frequency_wins", with("7", "(14025)"), 3, 1, 0, 0, 0, false, true},
-                    TallyCase{"memo_is_not_asked_for", with("7", "(14025)"), 2},
-                    TallyCase{"memo_without_end", with("7", "(14025"), 2, 1, 0, 0, 0, false, true},
-                    TallyCase{"three_digit_points_are_cut", worth("105", "", ""), 2, 10},
-                    TallyCase{"new_multipliers", worth("3", "14", "QX"), 2, 3, 1, 1},
-                    TallyCase{"dashes_are_old_multipliers", worth("3", "-", "-"), 2, 3},
-                    TallyCase{"all_ignores_qtc", with("14", "[QTC1/1 QX1A"), 3},
-                    TallyCase{"waedc_counts_qtc", with("14", "[QTC1/1 QX1A"), 3, 1, 0, 0, 1, true},
-                    TallyCase{"waedc_weighs_40m", worth("1", "QX", ""), 2, 1, 3, 0, 0, true},
-                    TallyCase{"waedc_has_no_1_8", with("1.8"), -1, 1, 0, 0, 0, true},
-                    TallyCase{"waedc_ends_at_3600", with("3.5", "(3601)"), -1, 1, 0, 0, 0, true, true}),
-    [](const auto& c) { return c.param.name; });
 
 TEST(Tally, RttyOptionCountsNoMode) {
   TallyState tally;
@@ -88,71 +83,55 @@ TEST(Score, BeyondThirtyTwoBitsIsAnOverflow) {
   EXPECT_THROW(score_of("CQ WPX Contest", tally), RunTimeError);
 }
 
-struct ScoreCase {
-  std::string name, title;
-  std::optional<std::int32_t> score;
-};
-class Score : public testing::TestWithParam<ScoreCase> {};
-TEST_P(Score, FollowsTheTitle) {
-  TallyState tally;
-  tally.points_total = 100;
-  tally.multi1_total = 3;
-  tally.multi2_total = 4;
-  EXPECT_EQ(score_of(GetParam().title, tally), GetParam().score);
+TEST(Score, FollowsTheTitle) {
+  struct Row {
+    std::string name, title;
+    std::optional<std::int32_t> score;
+  };
+  for (const Row& row : rows_of(Row{"zones_and_countries", "CQWW DX Contest 2025", 700},
+                                Row{"cq_160_with_its_blanks", "CQWW160     ", 700},
+                                Row{"title_of_the_list_file", "CQWW160", 300}, Row{"bare_jidx", "JIDX", 700},
+                                Row{"one_multiplier", "IARU HF World", 300},
+                                Row{"all_asian_has_none", "All Asian DX Contest", std::nullopt})) {
+    SCOPED_TRACE(row.name);
+    TallyState tally;
+    tally.points_total = 100;
+    tally.multi1_total = 3;
+    tally.multi2_total = 4;
+    EXPECT_EQ(score_of(row.title, tally), row.score);
+  }
 }
-INSTANTIATE_TEST_SUITE_P(
-    Titles, Score,
-    testing::Values(ScoreCase{"zones_and_countries", "CQWW DX Contest 2025", 700},
-                    ScoreCase{"cq_160_with_its_blanks", "CQWW160     ", 700},
-                    ScoreCase{"title_of_the_list_file", "CQWW160", 300}, ScoreCase{"bare_jidx", "JIDX", 700},
-                    ScoreCase{"one_multiplier", "IARU HF World", 300},
-                    ScoreCase{"all_asian_has_none", "All Asian DX Contest", std::nullopt}),
-    [](const auto& c) { return c.param.name; });
 
 TEST(SheetCategory, NamesOperatorBandAndMode) {
   TallyState tally;
-  tally.band_tally[2].qso_cnt = 5;
-  tally.ssb_count = 5;
-  SheetCategory texts = sheet_category(tally, "CQ-WW", "", "");
-  EXPECT_EQ(texts.printed, "Single-op 7 MHz Ph");
-  EXPECT_EQ(texts.with_band, "Single-op 40M Ph");
-  texts = sheet_category(tally, "ARRL-10", "Multi-One", "Mixed");
-  EXPECT_EQ(texts.printed, "Multi-One 28 MHz Mixed");
-  EXPECT_EQ(texts.with_band, "Multi-One 10M Mixed");
+  tally.band_tally[2].qso_cnt = tally.ssb_count = 5;
+  const auto texts = [&](const char* code, const char* op, const char* mode) {
+    const SheetCategory category = sheet_category(tally, code, op, mode);
+    return category.printed + "|" + category.with_band;
+  };
+  EXPECT_EQ(texts("CQ-WW", "", ""), "Single-op 7 MHz Ph|Single-op 40M Ph");
+  EXPECT_EQ(texts("ARRL-10", "Multi-One", "Mixed"), "Multi-One 28 MHz Mixed|Multi-One 10M Mixed");
   tally.band_tally[3].qso_cnt = tally.cw_count = 1;
-  texts = sheet_category(tally, "CQ-WW", "Single-op", "");
-  EXPECT_EQ(texts.printed, "Single-op All Band Mixed");
-  EXPECT_EQ(texts.with_band, texts.printed);
+  EXPECT_EQ(texts("CQ-WW", "Single-op", ""), "Single-op All Band Mixed|Single-op All Band Mixed");
 }
 
-struct SettingLine {
-  std::string name, line;
-  std::vector<std::string> sheet;
-};
-class NameAndAddress : public testing::TestWithParam<SettingLine> {};
-TEST_P(NameAndAddress, BecomesSheetLines) {
-  EXPECT_EQ(sheet_lines_of_setting(GetParam().line), GetParam().sheet);
+TEST(NameAndAddress, LeaveOutOperatorsAndKeepBlankLines) {
+  const auto lines = sheet_lines_of_setting;
+  EXPECT_EQ(lines("OPERATORS=QX1ABC"), std::vector<std::string>{});
+  EXPECT_EQ(lines("ADDRESS1=Mihon"), (std::vector<std::string>{"", "Address : Mihon"}));
+  EXPECT_EQ(lines("ADDRESS3="), std::vector<std::string>{"          "});
+  EXPECT_EQ(lines("SOAPBOX:fine"), std::vector<std::string>{"Comment :  fine"});
 }
-INSTANTIATE_TEST_SUITE_P(
-    Settings, NameAndAddress,
-    testing::Values(SettingLine{"operators_are_left_out", "OPERATORS=QX1ABC", {}},
-                    SettingLine{"name", "NAME=Taro", {"Name :  Taro"}},
-                    SettingLine{"address_after_an_empty_line", "ADDRESS1=Mihon", {"", "Address : Mihon"}},
-                    SettingLine{"blank_address_line", "ADDRESS3=", {"          "}},
-                    SettingLine{"comment", "SOAPBOX:fine", {"Comment :  fine"}}),
-    [](const auto& c) { return c.param.name; });
 
 TEST(Sheet, TakesItsTitleFromContNameAndMakesThatFile) {
-  TestApp test;
-  test.start();
-  TempDir work;
+  StartedApp test;
   test.app.state.input.in_kind = "zlog_all";
-  test.app.state.input.zsm_name = work.path() + "log.zsm";
-  test.app.state.input.zsm_use_name = work.path() + "log_za2c.zsm";
+  test.app.state.input.zsm_name = test.work.path() + "log.zsm";
+  test.app.state.input.zsm_use_name = test.work.path() + "log_za2c.zsm";
   test.app.state.settings.address2.clear();
   Make_zlo2_za2c_zsm2(test.app);
   EXPECT_EQ(test.folder.read_text("cont_name.txt"), "contest\n");
-  const std::string sheet = work.read_text("log_za2c.zsm");
+  const std::string sheet = test.work.read_text("log_za2c.zsm");
   EXPECT_TRUE(sheet.starts_with("contest\n\nCall sign: QX1ABC\n")) << sheet;
   EXPECT_NE(sheet.find("Kakuu-cho\n          \n          Japan\n\nmail to : "), std::string::npos) << sheet;
 }

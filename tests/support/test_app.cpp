@@ -55,6 +55,12 @@ void TestApp::open(const std::string& path) {
   open_chosen_file(app, path);
 }
 
+void TestApp::open_copy(const std::filesystem::path& logs, const std::string& log) {
+  work.copy_from(logs);
+  start();
+  open(work.path() + log);
+}
+
 void TestApp::set(const std::string& key, const std::string& value) {
   const ProfileEntry entry{std::string{ini_section}, key, value};
   profile.set(folder.path() + "Varnisto.ini", {&entry, 1});

@@ -57,10 +57,13 @@ class TestApp {
   void start();
   /// Opens a log as if it was chosen in the dialog.
   void open(const std::string& path);
+  /// Copies a folder into `work`, starts and opens this log of it.
+  void open_copy(const std::filesystem::path& logs, const std::string& log);
   /// Sets a value in the settings file before start().
   void set(const std::string& key, const std::string& value);
 
   TempDir folder;  ///< program folder
+  TempDir work;    ///< folder of the logs
   FileProfile profile;
   StoppedClock clock;
   FileTextSort sort;
@@ -68,6 +71,11 @@ class TestApp {
   ScriptedDesk desk;
   Platform platform{profile, clock, sort, launcher};
   App app{platform, desk};
+};
+
+/// The program behind its start.
+struct StartedApp : TestApp {
+  StartedApp() { start(); }
 };
 
 /// One line of an ALL log, fields placed at their columns.

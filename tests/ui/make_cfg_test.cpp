@@ -5,6 +5,7 @@
 
 #include "app/start_up.h"
 #include "base/run_time_error.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/main_window.h"
 
@@ -17,50 +18,47 @@ void type(Form& form, std::string_view box, std::string_view text) {
   form.change(box);
 }
 
-struct Required {
-  std::string box, label;
-};
-class RequiredField : public testing::TestWithParam<Required> {};
-
-TEST_P(RequiredField, BlocksSavingWhileItIsBlank) {
+class SettingsDialog : public testing::Test {
+ protected:
+  SettingsDialog() {
+    test.start();
+    form.load();
+  }
   TestApp test;
-  test.start();
-  test.app.state.settings.e_add2_use_flag = "1";
-  test.app.state.settings.e_add2 = test.app.state.settings.e_add2_to = "second";
   Make_cfg form{test.app};
-  form.load();
-  ASSERT_EQ(form.lblMsg.text, "作成可能");
-  ASSERT_TRUE(form.cmdOK.enabled);
+};
 
-  type(form, GetParam().box, "  ");
-  EXPECT_EQ(form.ng_count, 1);
-  EXPECT_FALSE(form.cmdOK.enabled);
-  EXPECT_EQ(form.lblMsg.text, "空白をあり");
-  EXPECT_EQ(form.lblMsg.color, Color::red);
-  EXPECT_EQ(form.find<Label>(GetParam().label)->color, Color::red);
-  const std::string before = test.folder.read("Varnisto.ini");
-  form.click("cmdOK");
-  EXPECT_EQ(test.folder.read("Varnisto.ini"), before);
+TEST(RequiredField, BlocksSavingWhileItIsBlank) {
+  for (const auto& [box, label] :
+       texts_of<2>("txtCall|lblCall", "txtName|lblName", "txtAdd1|lblAdd1", "txtAdd2|lblAdd2",
+                   "txtOperators|lblOperators", "txtJidx|lblJidx", "txtMy_e_add|lblMy_e_add",
+                   "txtSet_in_dir|lblSet_in_dir", "txtE_Add2_to|lblE_Add2_to", "txtE_add2|lblE_add2")) {
+    SCOPED_TRACE(box);
+    StartedApp test;
+    test.app.state.settings.e_add2_use_flag = "1";
+    test.app.state.settings.e_add2 = test.app.state.settings.e_add2_to = "second";
+    Make_cfg form{test.app};
+    form.load();
+    ASSERT_EQ(form.lblMsg.text, "作成可能");
+    ASSERT_TRUE(form.cmdOK.enabled);
 
-  type(form, GetParam().box, "x");
-  EXPECT_EQ(form.find<Label>(GetParam().label)->color, Color::black);
-  EXPECT_EQ(form.lblMsg.text, "作成可能");
+    type(form, box, "  ");
+    EXPECT_EQ(form.ng_count, 1);
+    EXPECT_FALSE(form.cmdOK.enabled);
+    EXPECT_EQ(form.lblMsg.text, "空白をあり");
+    EXPECT_EQ(form.lblMsg.color, Color::red);
+    EXPECT_EQ(form.find<Label>(label)->color, Color::red);
+    const std::string before = test.folder.read("Varnisto.ini");
+    form.click("cmdOK");
+    EXPECT_EQ(test.folder.read("Varnisto.ini"), before);
+
+    type(form, box, "x");
+    EXPECT_EQ(form.find<Label>(label)->color, Color::black);
+    EXPECT_EQ(form.lblMsg.text, "作成可能");
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Fields, RequiredField,
-    testing::Values(Required{"txtCall", "lblCall"}, Required{"txtName", "lblName"},
-                    Required{"txtAdd1", "lblAdd1"}, Required{"txtAdd2", "lblAdd2"},
-                    Required{"txtOperators", "lblOperators"}, Required{"txtJidx", "lblJidx"},
-                    Required{"txtMy_e_add", "lblMy_e_add"}, Required{"txtSet_in_dir", "lblSet_in_dir"},
-                    Required{"txtE_Add2_to", "lblE_Add2_to"}, Required{"txtE_add2", "lblE_add2"}),
-    [](const auto& test) { return test.param.box; });
-
-TEST(SettingsDialog, SecondRecipientCountsOnlyWhileTicked) {
-  TestApp test;
-  test.start();
-  Make_cfg form{test.app};
-  form.load();
+TEST_F(SettingsDialog, SecondRecipientCountsOnlyWhileTicked) {
   EXPECT_TRUE(form.cmdOK.enabled);
   form.Check1.checked = true;
   form.click("Check1");
@@ -72,11 +70,7 @@ TEST(SettingsDialog, SecondRecipientCountsOnlyWhileTicked) {
   EXPECT_EQ(form.lblE_add2.color, Color::black);
 }
 
-TEST(SettingsDialog, EditorMustExistOnlyWhileItIsInUse) {
-  TestApp test;
-  test.start();
-  Make_cfg form{test.app};
-  form.load();
+TEST_F(SettingsDialog, EditorMustExistOnlyWhileItIsInUse) {
   type(form, "txtPad", "/no/such/editor");
   EXPECT_TRUE(form.cmdOK.enabled);
   test.app.state.program.editor_on = 1;
@@ -90,11 +84,7 @@ TEST(SettingsDialog, EditorMustExistOnlyWhileItIsInUse) {
   EXPECT_EQ(test.app.state.settings.dir_pad, test.desk.next_file);
 }
 
-TEST(SettingsDialog, CallSignIsUpperCase) {
-  TestApp test;
-  test.start();
-  Make_cfg form{test.app};
-  form.load();
+TEST_F(SettingsDialog, CallSignIsUpperCase) {
   EXPECT_EQ(form.typed("txtCall", "qx1abc/1{é"), "QX1ABC/1{é");
   EXPECT_EQ(form.typed("txtName", "Taro"), "Taro");
   form.txtCall.text = " qx9zz ";  // pasted past the key filter
@@ -102,21 +92,21 @@ TEST(SettingsDialog, CallSignIsUpperCase) {
   EXPECT_NE(test.folder.read_text("Varnisto.ini").find("CALLSIGN=QX9ZZ\n"), std::string::npos);
 }
 
-struct Choice {
-  std::string path, folder;
-};
-class InputFolder : public testing::TestWithParam<Choice> {};
-TEST_P(InputFolder, IsTheFolderOfTheChosenFile) {
-  EXPECT_EQ(folder_of_choice(GetParam().path), GetParam().folder);
+TEST(InputFolder, IsTheFolderOfTheChosenFile) {
+  struct Row {
+    std::string path, folder;
+  };
+  for (const Row& row :
+       rows_of(Row{"/logs/2003/QX1ABC.ALL", "/logs/2003/"},
+               Row{"/" + std::string(100, 'a') + "/b/" + std::string(30, 'c'),
+                   "/" + std::string(100, 'a') + "/b/"},
+               Row{"/a/" + std::string(120, 'b') + "/c.all", "/a/"}, Row{"QX1ABC.ALL", ""})) {
+    SCOPED_TRACE(row.path);
+    EXPECT_EQ(folder_of_choice(row.path), row.folder);
+  }
 }
-INSTANTIATE_TEST_SUITE_P(Paths, InputFolder,
-                         testing::Values(Choice{"/logs/2003/QX1ABC.ALL", "/logs/2003/"},
-                                         Choice{"/" + std::string(100, 'a') + "/b/" + std::string(30, 'c'),
-                                                "/" + std::string(100, 'a') + "/b/"},
-                                         Choice{"/a/" + std::string(120, 'b') + "/c.all", "/a/"},
-                                         Choice{"QX1ABC.ALL", ""}));
 
-TEST(SettingsDialog, IslandIsChosenFromTheList) {
+TEST(SettingsFileOfDialog, IslandIsChosenFromTheList) {
   TestApp test;
   test.set("op_iota_island", "Sado");
   test.folder.write_text("JA_iota.txt", "AS-007,Honshu Island\nAS-117,Sado East\nAS-206,Sado West\n");
@@ -137,11 +127,7 @@ TEST(SettingsDialog, IslandIsChosenFromTheList) {
   EXPECT_NE(ini.find("iota_name_only=1\n"), std::string::npos);
 }
 
-TEST(SettingsDialog, TextThatTheFileCannotHoldIsRefusedAndKept) {
-  TestApp test;
-  test.start();
-  Make_cfg form{test.app};
-  form.load();
+TEST_F(SettingsDialog, TextThatTheFileCannotHoldIsRefusedAndKept) {
   const std::string before = test.folder.read("Varnisto.ini");
   type(form, "txtCom3", "73 🎉");
   form.click("cmdOK");
@@ -184,15 +170,13 @@ TEST(FirstStart, SettingsDialogMakesTheMainWindowUsable) {
   EXPECT_EQ(test.app.main.lblIn.text, "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい");
   EXPECT_EQ(test.app.main.Text1.text, "");
 
-  TempDir work;
-  work.copy_from(source_dir("examples/cqww-cw"));
-  window.open_dropped_file(work.path() + "QX1ABC.ALL");
+  test.work.copy_from(source_dir("examples/cqww-cw"));
+  window.open_dropped_file(test.work.path() + "QX1ABC.ALL");
   EXPECT_TRUE(test.app.main.kaishi.enabled);
 }
 
-TEST(SettingsDialog, SavingRetiresTheLegacyFile) {
-  TestApp test;
-  test.start();
+TEST(SettingsFileOfDialog, SavingRetiresTheLegacyFile) {
+  StartedApp test;
   test.folder.write_text("Varnisto.cfg", "CALLSIGN:QX1ABC\n");
   test.folder.write_text("Varnisto_old.cfg", "older\n");
   Make_cfg form{test.app};

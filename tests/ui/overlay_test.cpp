@@ -1,25 +1,20 @@
 #include <gtest/gtest.h>
 
 #include "core/lists.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/frm_overlay.h"
 
 namespace varnisto::test {
 namespace {
 
-struct KeyCase {
-  std::string name, cont_id, mode, key;
-};
-class OverlayKey : public testing::TestWithParam<KeyCase> {};
-TEST_P(OverlayKey, FollowsContestAndMode) {
-  EXPECT_EQ(overlay_key_of(GetParam().cont_id, GetParam().mode), GetParam().key);
+TEST(OverlayKey, FollowsContestAndMode) {
+  for (const auto& [cont_id, mode, key] : texts_of<3>("CQ-WPX|PH|CQ-WPX-SSB", "CQ WPX Contest|cw|CQ-WPX-CW",
+                                                      "CQWPX|RY|CQ-WPX", "CQ-WPX|Mixed|CQ-WPX")) {
+    SCOPED_TRACE(cont_id);
+    EXPECT_EQ(overlay_key_of(cont_id, mode), key);
+  }
 }
-INSTANTIATE_TEST_SUITE_P(Modes, OverlayKey,
-                         testing::Values(KeyCase{"phone_is_ssb", "CQ-WPX", "PH", "CQ-WPX-SSB"},
-                                         KeyCase{"title_and_lower_case", "CQ WPX Contest", "cw", "CQ-WPX-CW"},
-                                         KeyCase{"rtty_has_no_mode", "CQWPX", "RY", "CQ-WPX"},
-                                         KeyCase{"mixed_has_no_mode", "CQ-WPX", "Mixed", "CQ-WPX"}),
-                         [](const auto& c) { return c.param.name; });
 
 class Overlay : public testing::Test {
  protected:

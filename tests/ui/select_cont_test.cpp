@@ -2,57 +2,53 @@
 
 #include <gtest/gtest.h>
 
+#include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/frm_overlay.h"
 
 namespace varnisto::test {
 namespace {
 
-struct PathCase {
-  std::string name, path;
-  std::optional<int> row;
-};
-class ContestRow : public testing::TestWithParam<PathCase> {};
-TEST_P(ContestRow, IsGuessedFromThePath) {
-  EXPECT_EQ(contest_row_of_path(GetParam().path), GetParam().row);
+TEST(ContestRow, IsGuessedFromThePath) {
+  struct Row {
+    std::string name, path;
+    std::optional<int> row;
+  };
+  for (const Row& row :
+       rows_of(Row{"ar_comes_before_ten_metres", "/LOGS/ARRL10_2002.ALL", 0},
+               Row{"folder_counts_too", "/HARBOUR/CQWW.ALL", 0}, Row{"ardx_whatever_else", "/IA/ARDX.ALL", 0},
+               Row{"iaru", "/LOGS/IARU.ALL", 4}, Row{"ia_and_ar", "/LOGS/ARIA.ALL", 4},
+               Row{"ia_and_arrl_is_arrl", "/IA/ARRL.ALL", 0},
+               Row{"ia_and_arrl10_is_iaru", "/IA/ARRL10.ALL", 4}, Row{"cq_ww", "/LOGS/CQWW.ALL", 3},
+               Row{"jidx", "/LOGS/JIDX_CW.ALL", 5}, Row{"wpx", "/LOGS/WPX.ALL", 2},
+               Row{"wae", "/LOGS/WAE.ALL", 6}, Row{"ten_metres", "/LOGS/10M.ALL", 1},
+               Row{"iota", "/LOGS/IOTA.ALL", 7}, Row{"nothing", "/LOGS/UBA.ALL", std::nullopt})) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(contest_row_of_path(row.path), row.row);
+  }
 }
-INSTANTIATE_TEST_SUITE_P(
-    Rules, ContestRow,
-    testing::Values(PathCase{"ar_comes_before_ten_metres", "/LOGS/ARRL10_2002.ALL", 0},
-                    PathCase{"folder_counts_too", "/HARBOUR/CQWW.ALL", 0},
-                    PathCase{"ardx_whatever_else", "/IA/ARDX.ALL", 0}, PathCase{"iaru", "/LOGS/IARU.ALL", 4},
-                    PathCase{"ia_and_ar", "/LOGS/ARIA.ALL", 4},
-                    PathCase{"ia_and_arrl_is_arrl", "/IA/ARRL.ALL", 0},
-                    PathCase{"ia_and_arrl10_is_iaru", "/IA/ARRL10.ALL", 4},
-                    PathCase{"cq_ww", "/LOGS/CQWW.ALL", 3}, PathCase{"jidx", "/LOGS/JIDX_CW.ALL", 5},
-                    PathCase{"wpx", "/LOGS/WPX.ALL", 2}, PathCase{"wae", "/LOGS/WAE.ALL", 6},
-                    PathCase{"ten_metres", "/LOGS/10M.ALL", 1}, PathCase{"iota", "/LOGS/IOTA.ALL", 7},
-                    PathCase{"nothing", "/LOGS/UBA.ALL", std::nullopt}),
-    [](const auto& c) { return c.param.name; });
 
-struct StepsCase {
-  std::string name;
-  bool zlo;
-  std::string contest_name, cont_id;
-  SheetSteps steps;
-};
-class Steps : public testing::TestWithParam<StepsCase> {};
-TEST_P(Steps, FollowTitleAndCode) {
-  const StepsCase& c = GetParam();
-  EXPECT_EQ(sheet_steps_of(c.zlo, c.contest_name, c.cont_id), c.steps);
+TEST(Steps, FollowTitleAndCode) {
+  struct Row {
+    std::string name;
+    bool zlo;
+    std::string contest_name, cont_id;
+    SheetSteps steps;
+  };
+  for (const Row& c :
+       rows_of(Row{"waedc_title", false, "WAEDC Contest", "x", SheetSteps::waedc},
+               Row{"waedc_code", false, "WAE DX Contest", "waedc", SheetSteps::waedc},
+               Row{"iota", false, "iota contest", "RSGB", SheetSteps::iota},
+               Row{"jidx", false, "JIDX Contest", "JIDX", SheetSteps::tally},
+               Row{"any_other", false, "UBA DX Contest", "UBA-DX", SheetSteps::tally},
+               Row{"code_alone_says_cqww", false, "CQ WW", "CQWW-CW", SheetSteps::general_sheet},
+               Row{"zlo_jidx", true, "x", "JIDX-LF", SheetSteps::tally},
+               Row{"zlo_waedc", true, "WAEDC Contest", "WAEDC", SheetSteps::waedc},
+               Row{"zlo_has_its_sheet", true, "CQWW DX Contest", "CQ-WW", SheetSteps::none})) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(sheet_steps_of(c.zlo, c.contest_name, c.cont_id), c.steps);
+  }
 }
-INSTANTIATE_TEST_SUITE_P(
-    Rules, Steps,
-    testing::Values(StepsCase{"waedc_title", false, "WAEDC Contest", "x", SheetSteps::waedc},
-                    StepsCase{"waedc_code", false, "WAE DX Contest", "waedc", SheetSteps::waedc},
-                    StepsCase{"iota", false, "iota contest", "RSGB", SheetSteps::iota},
-                    StepsCase{"jidx", false, "JIDX Contest", "JIDX", SheetSteps::tally},
-                    StepsCase{"any_other", false, "UBA DX Contest", "UBA-DX", SheetSteps::tally},
-                    StepsCase{"code_alone_says_cqww", false, "CQ WW", "CQWW-CW", SheetSteps::general_sheet},
-                    StepsCase{"zlo_jidx", true, "x", "JIDX-LF", SheetSteps::tally},
-                    StepsCase{"zlo_waedc", true, "WAEDC Contest", "WAEDC", SheetSteps::waedc},
-                    StepsCase{"zlo_has_its_sheet", true, "CQWW DX Contest", "CQ-WW", SheetSteps::none}),
-    [](const auto& c) { return c.param.name; });
 
 /// A log of one QSO that was opened without a dialog; the form is made by the test.
 class SelectContTest : public testing::Test {

@@ -2,6 +2,7 @@
 
 #include "base/cp932.h"
 #include "base/text.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/frm_disp2.h"
 #include "ui/frm_ver.h"
@@ -10,31 +11,26 @@
 namespace varnisto::test {
 namespace {
 
-struct Search {
-  std::string name, text;
-  std::size_t from;
-  Direction direction;
-  std::optional<std::size_t> line;
-};
-class FindLine : public testing::TestWithParam<Search> {};
-
-TEST_P(FindLine, GoesRoundTheFileOnce) {
-  TextLines lines;
-  for (const char* line : {"QSO: QX1ABC", "", "qso: 東京 qx9def", "END"}) lines.add(line);
-  EXPECT_EQ(find_line(lines, GetParam().text, GetParam().from, GetParam().direction), GetParam().line);
+TEST(FindLine, GoesRoundTheFileOnce) {
+  struct Row {
+    std::string name, text;
+    std::size_t from;
+    Direction direction;
+    std::optional<std::size_t> line;
+  };
+  for (const Row& row : rows_of(
+           Row{"FirstLineCounts", "qso", 0, Direction::down, 0}, Row{"Down", "qso", 1, Direction::down, 2},
+           Row{"Wraps", "qso", 3, Direction::down, 0},
+           Row{"BehindTheEndIsTheBegin", "QSO", 4, Direction::down, 0}, Row{"Up", "qso", 1, Direction::up, 0},
+           Row{"UpWraps", "END", 2, Direction::up, 3}, Row{"Japanese", "東京 QX9", 0, Direction::down, 2},
+           Row{"NoSuchText", "JIDX", 0, Direction::up, std::nullopt},
+           Row{"EmptyTextFindsNothing", "", 0, Direction::down, std::nullopt})) {
+    SCOPED_TRACE(row.name);
+    TextLines lines;
+    for (const char* line : {"QSO: QX1ABC", "", "qso: 東京 qx9def", "END"}) lines.add(line);
+    EXPECT_EQ(find_line(lines, row.text, row.from, row.direction), row.line);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FindLine,
-    testing::Values(Search{"FirstLineCounts", "qso", 0, Direction::down, 0},
-                    Search{"Down", "qso", 1, Direction::down, 2},
-                    Search{"Wraps", "qso", 3, Direction::down, 0},
-                    Search{"BehindTheEndIsTheBegin", "QSO", 4, Direction::down, 0},
-                    Search{"Up", "qso", 1, Direction::up, 0}, Search{"UpWraps", "END", 2, Direction::up, 3},
-                    Search{"Japanese", "東京 QX9", 0, Direction::down, 2},
-                    Search{"NoSuchText", "JIDX", 0, Direction::up, std::nullopt},
-                    Search{"EmptyTextFindsNothing", "", 0, Direction::down, std::nullopt}),
-    [](const auto& test) { return test.param.name; });
 
 TEST(TextViewer, ShowsTheFileAndStepsThroughTheHits) {
   TestApp test;
@@ -73,8 +69,7 @@ struct SilentPane final : BrowserPane {
 };
 
 TEST(LinkPage, IsWrittenFromTheList) {
-  TestApp test;
-  test.start();
+  StartedApp test;
   test.folder.write_text("web_url.txt",
                          "1,日本 <b>,https://a.example/\n2,  ,https://skipped.example/\n"
                          "3,\"A, B\",\"https://b.example/?x,y\"\n\n");
@@ -100,8 +95,7 @@ TEST(LinkPage, IsWrittenFromTheList) {
 }
 
 TEST(LinkPage, HalfARecordIsReported) {
-  TestApp test;
-  test.start();
+  StartedApp test;
   test.folder.write_text("web_url.txt", "1,text\n");
   SilentPane pane;
   frmWeb_URL form{test.app, pane};
@@ -109,14 +103,6 @@ TEST(LinkPage, HalfARecordIsReported) {
   EXPECT_TRUE(form.closed);
   ASSERT_EQ(test.desk.boxes.size(), 1U);
   EXPECT_NE(test.desk.boxes[0].text.find("web_url.txt"), std::string::npos);
-}
-
-TEST(VersionWindow, NamesTheProgram) {
-  TestApp test;
-  frmVer form{test.app};
-  form.load();
-  EXPECT_EQ(form.caption, "　Varnisto.exe  3.09");
-  EXPECT_EQ(form.Label1.text, "Varnisto.exe  3.09");
 }
 
 }  // namespace
