@@ -91,8 +91,8 @@ TEST(WaedcRuns, GiveMergedLogAndQtcLog) {
               (std::vector<std::string>{test.work.path() + "QX1ABC.cbr", test.work.path() + "QX1ABC.qlg",
                                         test.work.path() + "QX1ABC.log"}));
     EXPECT_TRUE(std::filesystem::is_empty(test.app.state.program.tmp_dir));
-    ASSERT_FALSE(test.desk.texts.empty());
-    EXPECT_EQ(test.desk.texts.back(),
+    ASSERT_FALSE(test.desk.boxes.empty());
+    EXPECT_EQ(test.desk.boxes.front().text,
               "QTC のメモ 2 件は、相手局・日付・時刻がそろっていません。\r\n"
               "これらの QTC 行は作成していません。（ 最初は 13 行目 ）");
   }

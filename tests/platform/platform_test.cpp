@@ -23,7 +23,7 @@ TEST(Ksort, RefusesWhatItDoesNotUnderstand) {
   for (const char* command : {"", "/k(2:3)", "/k(3:2) 'a' 'b'", "/k(0:2) 'a' 'b'", "/k(1:2 'a' 'b'",
                               "/k(1:2) 'a'", "/k(1:99999999999999999999) 'a' 'b'", "/x(1:2) 'a' 'b'"})
     EXPECT_EQ(error_of([&] { sort.ksort(command); }), 5) << command;
-  EXPECT_EQ(error_of([&] { sort.ksort("/k(1:2) '" + dir.path() + "a' 'b'"); }), 53);
+  EXPECT_EQ(error_of([&] { sort.ksort("/k(1:2) '" + dir.path() + "it's a'   'b'"); }), 53);
 }
 
 class SourceDate : public testing::Test {

@@ -216,9 +216,17 @@ TEST_F(MainWindowTest, ReSelectShowsTheDialogAndTakesTheContestNameForAnEmptyLin
   open();
   test.desk.forms.clear();
   state.contest.contest_line.clear();
-  test.desk.on_show = [&](FormName) { state.contest.contest_name = "IOTA Contest"; };
+  bool confirmed = false;
+  test.desk.on_show = [&](FormName) {
+    state.contest.contest_name = "IOTA Contest";
+    state.category.dialog_shown = confirmed;
+  };
   window.click("cmdReSelect");
   EXPECT_EQ(test.desk.forms, std::vector{FormName::select_cont});
+  EXPECT_EQ(state.contest.contest_name, "CQWW DX Contest 2025");  // left without OK
+  state.contest.contest_line.clear();
+  confirmed = true;
+  window.click("cmdReSelect");
   EXPECT_EQ(state.contest.select_caller, "za2c_zsm");
   EXPECT_EQ(state.contest.contest_line, "IOTA Contest");
 }

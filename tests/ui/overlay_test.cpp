@@ -30,7 +30,7 @@ class Overlay : public testing::Test {
 };
 
 TEST_F(Overlay, ListsTheOffersOfTheDialogsMode) {
-  test.app.state.qso.mode2 = "CW";
+  test.app.state.category.zsm_mode = "CW";
   EXPECT_EQ(FrmOverlay{test.app}.List1.items, (std::vector<std::string>{"ROOKIE", " YOUTH "}));
   test.app.state.category.overlay_caller.clear();
   FrmOverlay form{test.app};
