@@ -74,7 +74,7 @@ StartResult Session::start() {
   });
   if (started.kind == ActionResult::ended) return {exit_list_file, started};
   if (started.kind != ActionResult::done) return {exit_failed, started};
-  if (const StartResult checked = check_settings(); checked.status != exit_ok) return checked;
+  if (StartResult checked = check_settings(); checked.status != exit_ok) return checked;
   const ActionResult loaded = run_action(app, [this] { Form_Load(app); });
   if (loaded.kind == ActionResult::list_file) return {exit_list_file, loaded};
   if (loaded.kind != ActionResult::done) return {exit_failed, loaded};

@@ -19,7 +19,7 @@ class FrmOverlay final : public Form {
 
   std::vector<NamedControl> controls() override;
 
-  void Form_Load();
+  void Form_Load() override;
   void Op1_Chk();
   void Option1_Click();
   void List1_Click();

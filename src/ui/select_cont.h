@@ -45,7 +45,7 @@ class SelectCont final : public Form {
 
   std::vector<NamedControl> controls() override;
 
-  void Form_Load();
+  void Form_Load() override;
   void List1_Click();
   void Check1_Click();
   void cmdDisp_in_Click();
