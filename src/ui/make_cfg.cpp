@@ -38,8 +38,6 @@ constexpr std::string_view comment_boxes[] = {"txtCom0", "txtCom1", "txtCom2",
 constexpr std::string_view comment_labels[] = {"lblCom0", "lblCom1", "lblCom2",
                                                "lblCom3", "lblCom4", "lblCom5"};
 
-constexpr std::string_view default_island = "Honshu Island";
-
 /// A required field: its label is red while it is empty.
 void check_field(const TextBox& box, Label& label, std::int16_t& flag) {
   flag = is_blank(box.text) ? 1 : 0;
