@@ -51,29 +51,6 @@ TEST(Open, RecognisesTheKind) {
   }
 }
 
-TEST(Open, DerivesEveryName) {
-  StartedApp test;
-  test.app.state.settings.mycall = "QX1ABC/1";
-  const std::string d = test.work.path();
-  test.open(test.work.write("contest.ALL", log_text));
-  const InputState& input = test.app.state.input;
-  const std::pair<std::string, std::string> names[] = {{input.in_file_name, "contest.ALL"},
-                                                       {input.in_stem, d + "contest."},
-                                                       {input.out_dir, d},
-                                                       {input.zsm_name, d + "contest.zsm"},
-                                                       {input.za2c_name, d + "contest_za2c.zsm"},
-                                                       {input.zsm_send_name, d + "contest_za2c.zsm"},
-                                                       {input.z2a_name_all, d + "contest_z2a.all"},
-                                                       {input.jarl_name, d + "contest_jarl.txt"},
-                                                       {input.cbr_name2, d + "QX1ABC-1.cbr"},
-                                                       {input.adi_name, d + "QX1ABC-1.adi"},
-                                                       {input.log_name, d + "QX1ABC-1.log"},
-                                                       {input.in_name_save, d + "contest.ALL"}};
-  for (const auto& [name, expected] : names) EXPECT_EQ(name, expected);
-  EXPECT_EQ(test.app.state.contest.select_from, "za2c_zsm");
-  EXPECT_EQ(test.desk.forms, std::vector{FormName::select_cont});
-}
-
 TEST(Open, ForgetsThePreviousLog) {
   StartedApp test;
   test.work.write("a.zsm", summary_text);
@@ -109,13 +86,6 @@ TEST(Open, TitlesOfTheSummaryCallForDialogs) {
     EXPECT_EQ(test.desk.forms, forms) << title;
     EXPECT_EQ(test.app.main.lblPower.text, contains(title, "JIDX") ? "県No 10" : "");
   }
-}
-
-TEST(OpenCbr, CutsTheOutputNameAtTheFirstDot) {
-  StartedApp test;
-  open_chosen_cbr(test.app, "/l.d/QX1ABC.cbr");
-  EXPECT_EQ(test.app.state.input.out_name, "/l_c2z.txt");
-  EXPECT_EQ(test.desk.texts.back(), " ｚＬｏｇのｔｘｔ \r\n /l_c2z.txt\r\n を作成します");
 }
 
 }  // namespace

@@ -11,21 +11,6 @@
 namespace varnisto::test {
 namespace {
 
-using Strings = std::vector<std::string>;
-
-TEST(Texts, OfAContestCode) {
-  for (const auto& [code, contest, summary] :
-       texts_of<3>("ARRL-10|ARRL-10|OP 10M LOW SSB ", "ARRL-DX|ARRL-DX-SSB |OP band LOW",
-                   "ARRL-160|ARRL-160|OP band LOW SSB ", "CQ-160|CQ-160-SSB |OP band LOW",
-                   "IARU-HF|IARU-HF|OP band LOW SSB ", "WAEDC-|WAEDC-SSB |OP band LOW",
-                   "WAEDC|WAEDC-SSB |OP VAL LOW", "CQ-WW|CQ-WW-SSB |OP VAL LOW", "||OP band LOW SSB ")) {
-    SCOPED_TRACE(code);
-    const CategoryTexts texts = category_texts(code, {"OP ", "band", "VAL", "LOW", "SSB "});
-    EXPECT_EQ(texts.contest, contest);
-    EXPECT_EQ(texts.summary, summary);
-  }
-}
-
 TEST(Title, BecomesACode) {
   for (const auto& [title, code] : texts_of<2>(
            "CQWW DX Contest 2002|CQ-WW", "CQ WPX Contest|CQ-WPX", "ARRL International DX|ARRL-DX",
@@ -41,20 +26,6 @@ TEST(Title, BecomesACode) {
   }
 }
 
-TEST(Title, OfAJidxCwLogGoesByItsBands) {
-  CategoryState category;
-  category.mode_sel_cat = 2;
-  const char* const codes[] = {"now", "JIDX-LF", "JIDX-HF"};
-  for (std::int16_t flag = 0; flag < 3; ++flag) {
-    category.lowband_flag = flag;
-    EXPECT_EQ(jidx_code(category, "now"), codes[flag]);
-  }
-  category.mode_sel_cat = 1;
-  EXPECT_EQ(jidx_code(category, "now"), "JIDX");
-  EXPECT_EQ(ccc_type_code("CQWW DX"), "CQ-WW");
-  EXPECT_EQ(ccc_type_code("CQWW"), std::nullopt);
-}
-
 TEST(JidxCategory, IsBandAndLowPowerOrMop) {
   const std::array<std::string, 4> rows[] = {
       {"Single-op ", "7", "LOW", "7L"},      {"SINGLE-OP", "All Band", "HIGH", "AB"},
@@ -64,14 +35,6 @@ TEST(JidxCategory, IsBandAndLowPowerOrMop) {
       {"Multi-One", "7", "LOW", "MOP"}};
   for (const auto& [op, band, power, code] : rows)
     EXPECT_EQ(jidx_category_code(op, band, power), code) << op << band;
-}
-
-TEST(CategoryLine, AssistedIsOneWordAndDoubleBlanksAreOne) {
-  EXPECT_EQ(category_line_words("Single-op a 7 MHz CW (assisted)"),
-            (Strings{"Single-op-A", "7", "MHz", "CW", "(assisted)"}));
-  EXPECT_EQ(category_line_words("Single-op Assisted  All band CW"),
-            (Strings{"Single-op-Assisted", "All", "band", "CW"}));
-  EXPECT_EQ(category_line_words("Single-op a 7 MHz CW"), (Strings{"Single-op", "a", "7", "MHz", "CW"}));
 }
 
 TEST(Score, IsAWholeNumberWithCommas) {
@@ -120,35 +83,6 @@ TEST(Summary, WithFewerThanFourCategoryWordsEndsTheProgramAfterAMessage) {
       "[　x.zsm ] の Category 項目数が足りません。\r\n\r\n読み込んだデータ ：  Single-op 7 "
       "MHz\r\n\r\n下記の例"));
   EXPECT_EQ(error_of([&] { read_summary(test.app, TextReader::from_bytes("")); }), 62);
-}
-
-TEST(CategoryOfTheDialog, BecomesContestAndShortText) {
-  StartedApp test;
-  App& app = test.app;
-  app.state.contest.select_from = "za2c_zsm";
-  app.state.contest.contest_name = "CQWW DX Contest";
-  app.state.category.operator_cat = "SINGLE-OP";
-  app.state.category.power_cat = "LOW";
-  app.state.category.band_sel = 4;
-  app.state.category.band_sel_known = true;
-  app.state.tally.ssb_count = 5;
-  set_category_cbr(app);
-  EXPECT_EQ(app.state.contest.contest, "CQ-WW-SSB ");
-  EXPECT_EQ(app.state.category.cat_summary, "SINGLE-OP 20M LOW");
-
-  app.state.contest.contest_name = "JIDX Contest (JA)";
-  app.state.tally.total_score = 100;
-  app.state.tally.qsos_total = 5;
-  set_category_cbr(app);
-  EXPECT_EQ(app.state.contest.contest, "JIDX-PH");
-  EXPECT_EQ(app.state.category.cat_summary, "14L");
-  EXPECT_EQ(app.state.tally.score_detail, "100 5-0-0");
-
-  app.state.category.band_sel_known = false;
-  app.state.contest.contest_name = "IARU HF Worl";
-  app.state.tally.band_tally[0].qso_cnt = app.state.tally.band_tally[1].qso_cnt = 1;
-  set_category_cbr(app);
-  EXPECT_EQ(app.state.category.cat_summary, "SINGLE-OP ALL  LOW SSB ");
 }
 
 }  // namespace

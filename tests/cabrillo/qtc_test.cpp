@@ -184,31 +184,5 @@ TEST(Waedc, LogOfAnotherLoggerKeepsTheWritersLinesAndGetsNoQtcLog) {
   EXPECT_EQ(lines_beginning(test.work.read_text("QX1ABC.cbr"), "QTC:"), "");
 }
 
-class AskingSort final : public TextSort {
- public:
-  int refusals = 3;
-  std::vector<std::string> commands;
-  int ksort(const std::string& command) override {
-    commands.push_back(command);
-    return refusals-- > 0 ? 7000 : FileTextSort{}.ksort(command);
-  }
-};
-
-TEST(Waedc, SortIsAskedAgainAsLongAsItAnswers7000) {
-  TestApp test;
-  AskingSort sort;
-  Platform platform{test.profile, test.clock, sort, test.launcher};
-  App app{platform, test.desk};
-  app.state = test.app.state;
-  app.state.input.in_name = test.work.write_text("a.all", "zLog for Windows \n" + all_line({}) + "\n");
-  app.state.input.out_name = test.work.write_text("QX1ABC.cbr", "START-OF-LOG: 3.0\nEND-OF-LOG:\n");
-  WAEDC_put(app);
-  const std::string tmp = app.state.program.tmp_dir;
-  EXPECT_EQ(sort.commands,
-            std::vector<std::string>(4, "/k(2:25)  '" + tmp + "qso_qtc.csv0'   '" + tmp + "qso_qtc.csv1'"));
-  EXPECT_EQ(lines_beginning(test.work.read_text("QX1ABC.cbr"), "QSO:").size(), 80U);
-  std::filesystem::remove_all(tmp);
-}
-
 }  // namespace
 }  // namespace varnisto::test

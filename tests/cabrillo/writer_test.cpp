@@ -2,81 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "base/text.h"
 #include "cabrillo/all_scan.h"
-#include "cabrillo/header.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
 namespace {
 
-class Lines final : public LineSink {
- public:
-  std::string text;
-  void put(std::string_view line) override { text.append(line).append("\n"); }
-};
-
-std::string header(const App& app) {
-  Lines lines;
-  put_cbr_header(app, lines);
-  return lines.text;
-}
-
 std::string log_of(std::initializer_list<AllQso> qsos) {
   std::string text = "zLog for Windows \n";
   for (const AllQso& qso : qsos) text += all_line(qso) + "\n";
   return text;
-}
-
-TEST(Header, LineIsWrittenWhenItsConditionHolds) {
-  struct Row {
-    std::string name;
-    void (*prepare)(State&);
-    std::string holds, lacks;
-  };
-  for (const Row& row :
-       rows_of(Row{"assisted", [](State& s) { s.category.operator_cat = "SINGLE-OP-ASSISTED"; },
-                   "CATEGORY-ASSISTED: ASSISTED\n", "NON-"},
-               Row{"mixed_case_assisted",
-                   [](State& s) {
-                     s.category.operator_cat = "Single-op-Assisted";
-                     s.category.cat_summary = "SINGLE-OP-ASSISTED ALL LOW";
-                   },
-                   "CATEGORY-STATION: ", "CATEGORY-ASSISTED"},
-               Row{"single_op_transmitter",
-                   [](State& s) {
-                     s.category.cat_transmitter = "TWO";
-                     s.category.transmitter_chosen = true;
-                   },
-                   "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
-               Row{"multi_op_transmitter",
-                   [](State& s) {
-                     s.category.cat_operator = "MULTI-OP";
-                     s.category.cat_transmitter = "TWO";
-                     s.category.transmitter_chosen = true;
-                   },
-                   "CATEGORY-TRANSMITTER: TWO\n", "ONE"},
-               Row{"multi_op_without_choice",
-                   [](State& s) {
-                     s.category.cat_operator = "MULTI-OP";
-                     s.category.cat_transmitter = "TWO";
-                   },
-                   "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
-               Row{"soapbox",
-                   [](State& s) {
-                     s.settings.comments_2 = "two";
-                     s.settings.comments_5 = "five";
-                   },
-                   "ADDRESS: Japan\nSOAPBOX: two\nSOAPBOX: five\n", "SOAPBOX: \n"})) {
-    SCOPED_TRACE(row.name);
-    StartedApp test;
-    test.app.state.contest.contest = "CQ-WW-CW";
-    row.prepare(test.app.state);
-    const std::string text = header(test.app);
-    EXPECT_TRUE(contains(text, row.holds)) << text;
-    EXPECT_FALSE(contains(text, row.lacks)) << text;
-  }
 }
 
 /// A log whose contest and category come from the program's own dialog.
@@ -136,15 +72,6 @@ TEST_F(OwnCategory, GivesAWholeFile) {
             "QSO: 012.5 CW 2025-11-29 0012 QX1ABC        599 25     QX9DEF        599 25     \n"
             "QSO:  7000 CW 2025-11-29 0012 QX1ABC        599 25     表/P           599 14     \n"
             "END-OF-LOG:\n");
-}
-
-TEST_F(OwnCategory, RttyOptionAndJidxNumberReachTheLines) {
-  app.state.settings.mode_2_rtty_flag = "1";
-  write("JIDX Contest (JA)", {{.sent_exch = ""}});
-  EXPECT_EQ(app.state.input.out_name, work.path() + "QX1ABC-ABL.log");
-  EXPECT_TRUE(
-      contains(work.read_text("QX1ABC-ABL.log"),
-               "\nQSO:  7000 RY 2025-11-29 0012 QX1ABC        599 10     QX9DEF        599 14     \n"));
 }
 
 TEST_F(OwnCategory, DialogChoicesWinWhenPreferred) {

@@ -1,10 +1,8 @@
 #include "core/paths.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "base/cp932.h"
-#include "base/files.h"
 #include "core/main_options.h"
 #include "support/rows.h"
 #include "support/test_app.h"
@@ -49,27 +47,6 @@ TEST(Names, CallSignWithStrokeMakesNoFolder) {
   TestApp test;
   test.app.state.settings.mycall = " QX1ABC/1 ";
   EXPECT_EQ(call_for_names(test.app), "QX1ABC-1");
-}
-
-TEST(Summaries, MenuEntriesFollowTheFilesThatExist) {
-  TestApp test;
-  App& app = test.app;
-  app.state.input.zsm_name = test.folder.path() + "x.zsm";
-  test.folder.write("X_ZZ2C.ZSM", "");
-  zsm_disp_chk(app);
-  EXPECT_EQ(app.state.input.cb2c_name, test.folder.path() + "x_cb2c.zsm");
-  EXPECT_TRUE(app.main.zsm_Disp_zz2c.enabled);
-  EXPECT_FALSE(app.main.zsm_Disp_zsm.enabled || app.main.zsm_Disp_za2c.enabled ||
-               app.main.zsm_Disp_ct2c.enabled || app.main.zsm_Disp_cb2c.enabled);
-}
-
-TEST(Scratch, FolderIsPrivateAndGoesAway) {
-  TestApp test;
-  const std::string folder = scratch_folder(test.app);
-  EXPECT_EQ(scratch_folder(test.app), folder);
-  EXPECT_EQ(std::filesystem::status(folder).permissions(), std::filesystem::perms::owner_all);
-  remove_scratch_folder(test.app);
-  EXPECT_FALSE(file_exists(folder));
 }
 
 TEST(Options, AreRestoredWithTheEffectsOfAClick) {

@@ -4,9 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "sheet/score.h"
-#include "sheet/sheet_writer.h"
 #include "sheet/tally.h"
-#include "sheet/za2c_zsm.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 
@@ -67,13 +65,6 @@ TEST(TallyLine, CountsInItsBandRow) {
   }
 }
 
-TEST(Tally, RttyOptionCountsNoMode) {
-  TallyState tally;
-  tally_line(all_line({}), all_tally, {true, false}, tally);
-  EXPECT_EQ(tally.cw_count + tally.ssb_count + tally.rty_count + tally.fm_count, 0);
-  EXPECT_EQ(tally.band_tally[2].qso_cnt, 1);
-}
-
 TEST(Score, BeyondThirtyTwoBitsIsAnOverflow) {
   TallyState tally;
   tally.points_total = 60000;
@@ -100,40 +91,6 @@ TEST(Score, FollowsTheTitle) {
     tally.multi2_total = 4;
     EXPECT_EQ(score_of(row.title, tally), row.score);
   }
-}
-
-TEST(SheetCategory, NamesOperatorBandAndMode) {
-  TallyState tally;
-  tally.band_tally[2].qso_cnt = tally.ssb_count = 5;
-  const auto texts = [&](const char* code, const char* op, const char* mode) {
-    const SheetCategory category = sheet_category(tally, code, op, mode);
-    return category.printed + "|" + category.with_band;
-  };
-  EXPECT_EQ(texts("CQ-WW", "", ""), "Single-op 7 MHz Ph|Single-op 40M Ph");
-  EXPECT_EQ(texts("ARRL-10", "Multi-One", "Mixed"), "Multi-One 28 MHz Mixed|Multi-One 10M Mixed");
-  tally.band_tally[3].qso_cnt = tally.cw_count = 1;
-  EXPECT_EQ(texts("CQ-WW", "Single-op", ""), "Single-op All Band Mixed|Single-op All Band Mixed");
-}
-
-TEST(NameAndAddress, LeaveOutOperatorsAndKeepBlankLines) {
-  const auto lines = sheet_lines_of_setting;
-  EXPECT_EQ(lines("OPERATORS=QX1ABC"), std::vector<std::string>{});
-  EXPECT_EQ(lines("ADDRESS1=Mihon"), (std::vector<std::string>{"", "Address : Mihon"}));
-  EXPECT_EQ(lines("ADDRESS3="), std::vector<std::string>{"          "});
-  EXPECT_EQ(lines("SOAPBOX:fine"), std::vector<std::string>{"Comment :  fine"});
-}
-
-TEST(Sheet, TakesItsTitleFromContNameAndMakesThatFile) {
-  StartedApp test;
-  test.app.state.input.in_kind = "zlog_all";
-  test.app.state.input.zsm_name = test.work.path() + "log.zsm";
-  test.app.state.input.zsm_use_name = test.work.path() + "log_za2c.zsm";
-  test.app.state.settings.address2.clear();
-  Make_zlo2_za2c_zsm2(test.app);
-  EXPECT_EQ(test.folder.read_text("cont_name.txt"), "contest\n");
-  const std::string sheet = test.work.read_text("log_za2c.zsm");
-  EXPECT_TRUE(sheet.starts_with("contest\n\nCall sign: QX1ABC\n")) << sheet;
-  EXPECT_NE(sheet.find("Kakuu-cho\n          \n          Japan\n\nmail to : "), std::string::npos) << sheet;
 }
 
 }  // namespace

@@ -28,28 +28,6 @@ TEST(ContestRow, IsGuessedFromThePath) {
   }
 }
 
-TEST(Steps, FollowTitleAndCode) {
-  struct Row {
-    std::string name;
-    bool zlo;
-    std::string contest_name, cont_id;
-    SheetSteps steps;
-  };
-  for (const Row& c :
-       rows_of(Row{"waedc_title", false, "WAEDC Contest", "x", SheetSteps::waedc},
-               Row{"waedc_code", false, "WAE DX Contest", "waedc", SheetSteps::waedc},
-               Row{"iota", false, "iota contest", "RSGB", SheetSteps::iota},
-               Row{"jidx", false, "JIDX Contest", "JIDX", SheetSteps::tally},
-               Row{"any_other", false, "UBA DX Contest", "UBA-DX", SheetSteps::tally},
-               Row{"code_alone_says_cqww", false, "CQ WW", "CQWW-CW", SheetSteps::general_sheet},
-               Row{"zlo_jidx", true, "x", "JIDX-LF", SheetSteps::tally},
-               Row{"zlo_waedc", true, "WAEDC Contest", "WAEDC", SheetSteps::waedc},
-               Row{"zlo_has_its_sheet", true, "CQWW DX Contest", "CQ-WW", SheetSteps::none})) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(sheet_steps_of(c.zlo, c.contest_name, c.cont_id), c.steps);
-  }
-}
-
 /// A log of one QSO that was opened without a dialog; the form is made by the test.
 class SelectContTest : public testing::Test {
  protected:
@@ -95,17 +73,6 @@ TEST_F(SelectContTest, PresetsFromLogAndMainWindow) {
   EXPECT_EQ(form.cmdDisp_in.tip, test.app.state.input.in_name + " の表示");
 }
 
-TEST_F(SelectContTest, ASummaryOfAnyCaseEnablesTheCheckBox) {
-  work.write("LOG.ZSM", "x");
-  test.app.state.settings.select_cont_yusen.clear();
-  SelectCont form{test.app};
-  EXPECT_TRUE(form.Check1.enabled);
-  EXPECT_TRUE(form.Check1.checked);
-  form.Check1.checked = false;
-  form.click("Check1");
-  EXPECT_EQ(test.app.state.settings.select_cont_yusen, "0");
-}
-
 struct OperatorCase {
   int option;
   std::string op, text, cat_operator, transmitter, station;
@@ -134,15 +101,6 @@ INSTANTIATE_TEST_SUITE_P(
                     OperatorCase{6, "CHECKLOG", "CheckLog", "CHECKLOG", "UNLIMITED", "PORTABLE"}),
     [](const auto& c) { return "option" + std::to_string(c.param.option); });
 
-TEST_F(SelectContTest, ALaterClickOnTheTransmitterWins) {
-  SelectCont form{test.app};
-  choose(form, 3);
-  click_option(form, "Option3", 5);
-  click_option(form, "Option6", 2);
-  form.click("cmdOK");
-  EXPECT_EQ(category().cat_transmitter, "LIMITED");
-}
-
 TEST_F(SelectContTest, OnlyArrlDxTakesThePowerFromTheLog) {
   test.app.main.Option1.selected = 0;
   AllQso qso;
@@ -168,32 +126,6 @@ TEST_F(SelectContTest, OkAsksForAContestWhenNoneIsKnown) {
   EXPECT_EQ(test.desk.boxes.size(), 1U);
   EXPECT_FALSE(category().dialog_shown);
   EXPECT_FALSE(work.has("log_za2c.zsm"));
-}
-
-TEST_F(SelectContTest, OnlyIotaEnablesItsClassAndSixHoursIsStored) {
-  SelectCont form{test.app};
-  choose(form, 7);
-  EXPECT_TRUE(form.Option5.enabled);
-  click_option(form, "Option5", 2);
-  EXPECT_EQ(test.app.state.settings.iota_class, "6-HOURS");
-  choose(form, 5);
-  EXPECT_FALSE(form.Option5.enabled);
-  EXPECT_EQ(test.desk.texts.back(),
-            "JIDX Contest\r\n               High Power(出力100wを超える局),\r\n"
-            "               Low Power(出力100w以下の局)");
-  EXPECT_EQ(test.folder.read_text("cont_name.txt"), "JIDX Contest\n");
-}
-
-TEST_F(SelectContTest, PrecedenceShowsTheChoicesInTheMainWindow) {
-  work.write_text("log.zsm", "CQWW DX Contest\n");
-  test.app.state.settings.select_cont_yusen = "1";
-  SelectCont form{test.app};
-  choose(form, 3);
-  click_option(form, "Option2", 1);
-  form.click("cmdOK");
-  EXPECT_EQ(test.app.main.lblCategory.text, "CATEGORY: SINGLE-OP LOW SSB");
-  EXPECT_EQ(test.app.main.lblYusen.text, "設定優先");
-  EXPECT_EQ(category().zsm_category, "Single-op 7 MHz PH");
 }
 
 TEST_F(SelectContTest, TheOverlaysReturnButtonLeadsBack) {
