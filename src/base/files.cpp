@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t buffer_size = 64 * 1024;
+constexpr std::size_t buffer_size = 65536;
 
 /// The names in a folder that `wanted` accepts; none when the folder cannot be read.
 template <class Predicate>

@@ -8,7 +8,7 @@
 namespace varnisto {
 namespace {
 
-constexpr std::size_t buffer_size = 64 * 1024;
+constexpr std::size_t buffer_size = 65536;
 constexpr char end_of_text = '\x1A';
 
 }  // namespace

@@ -5,7 +5,7 @@
 namespace varnisto {
 namespace {
 
-constexpr std::size_t buffer_size = 64 * 1024;
+constexpr std::size_t buffer_size = 65536;
 
 }  // namespace
 
