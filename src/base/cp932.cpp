@@ -76,8 +76,8 @@ std::size_t ascii_prefix(std::string_view text) {
 }  // namespace
 
 iconv_t CodePage::invalid() {
-  return reinterpret_cast<iconv_t>(
-      -1);  // iconv_open()'s own sign of failure NOLINT(performance-no-int-to-ptr)
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open()'s own sign of failure
+  return reinterpret_cast<iconv_t>(-1);
 }
 
 CodePage::CodePage(CodePage&& other) noexcept
