@@ -16,19 +16,11 @@
 #include "core/paths.h"
 #include "platform/launcher.h"
 #include "platform/text_sort.h"
+#include "support/null_app.h"
 
 namespace {
 
 using namespace varnisto;
-
-class NoDesk final : public Desk {
- public:
-  int message_box(const MessageBox&) override { return 1; }
-  std::optional<std::string> open_file_dialog(const OpenFileRequest&) override { return std::nullopt; }
-  void show(FormName) override {}
-  void text_shown(std::string_view, Color) override {}
-  void hourglass(bool) override {}
-};
 
 std::string two_digits(int value) {
   std::string text{value < 10 ? "0" : ""};
@@ -86,7 +78,7 @@ class Setting {
   SystemClock clock_;
   FileTextSort sort_;
   SystemLauncher launcher_;
-  NoDesk desk_;
+  test::NullDesk desk_;
   Platform platform_{profile_, clock_, sort_, launcher_};
 
  public:

@@ -394,12 +394,10 @@ void SelectCont::make_sheet(SheetSteps steps) {
     case SheetSteps::iota:
       break;
     case SheetSteps::tally:
+    case SheetSteps::waedc:  // the writer of the contest ends with the WAEDC tally, after the common one has
+                             // succeeded
       set_category_za2c_zsm(app_);
       Make_zlo2_za2c_zsm1(app_);
-      break;
-    case SheetSteps::waedc:
-      set_category_za2c_zsm(app_);
-      Make_zlo2_za2c_zsm1(app_);  // ends with the WAEDC tally and sheet, after every tally has succeeded
       break;
     case SheetSteps::general_sheet:
       make_listed_contest_zsm(app_);
