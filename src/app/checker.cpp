@@ -34,14 +34,29 @@ constexpr std::string_view qso_template[] = {
     "QSO: freq  mo date       time call          rst exch   call          rst exch   t",
     "QSO: ***** ** yyyy-mm-dd nnnn ************* nnn ****** ************* nnn ****** n"};
 
+constexpr std::size_t full_width = 79;  // up to the received exchange
+
+using BlankColumns = std::array<bool, std::size(qso_columns)>;
+
+/// Marks the columns that are blank; true when there is one.
+template <class Line>
+bool find_blanks(const Line& line, BlankColumns& blank) {
+  bool any = false;
+  for (std::size_t i = 0; i < blank.size(); ++i) {
+    blank[i] = is_blank(line.cut(qso_columns[i].columns));
+    any = any || blank[i];
+  }
+  return any;
+}
+
 class Checker {
  public:
   explicit Checker(LineSink& report) : report_(report) {}
 
-  void check(std::string_view line) {
-    check_tags(line);
+  void check(const TextLine& line) {
+    check_tags(line.text());
     report_.put("");
-    if (contains(line, "QSO:")) check_qso(line);
+    if (contains(line.text(), "QSO:")) check_qso(line);
   }
 
   CheckResult result;
@@ -61,19 +76,16 @@ class Checker {
     }
   }
 
-  void check_qso(std::string_view text) {
+  void check_qso(const TextLine& line) {
     ++result.qsos;
-    const TextLine line{text};
-    std::array<bool, std::size(qso_columns)> blank{};
-    bool any = false;
-    for (std::size_t i = 0; i < blank.size(); ++i) {
-      blank[i] = is_blank(line.cut(qso_columns[i].columns));
-      any = any || blank[i];
-    }
+    BlankColumns blank{};
+    const bool any = line.ascii() && line.text().size() >= full_width
+                         ? find_blanks(FullLine{line.text()}, blank)
+                         : find_blanks(line, blank);
     if (!any) return;
     ++result.errors;
     for (const std::string_view template_line : qso_template) report_.put(template_line);
-    report_.put(text);
+    report_.put(line.text());
     std::string message = " " + std::to_string(result.qsos) + " 行目の";
     for (std::size_t i = 0; i < blank.size(); ++i) {
       if (!blank[i]) continue;
@@ -98,7 +110,7 @@ CheckResult check_cabrillo(TextReader& log, const std::string& in_name, const st
   report.put("出力ファイル名 ： " + out_name);
   report.put("");
   Checker checker{report};
-  for (std::string_view line; log.next(line);) checker.check(line);
+  for (std::string_view line; log.next(line);) checker.check({line, log.ascii()});
   return std::move(checker.result);
 }
 

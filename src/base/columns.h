@@ -1,6 +1,7 @@
 #pragma once
 // Fixed-column text: a table of Columns names the fields of a layout, a TextLine cuts them out of a line.
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -17,7 +18,9 @@ struct Columns {
 /// A line of UTF-8 text whose columns are characters. It holds no copy: the text must outlive it.
 class TextLine {
  public:
-  explicit TextLine(std::string_view utf8) : text_(utf8), ascii_(is_ascii(utf8)) {}
+  explicit TextLine(std::string_view utf8) : TextLine(utf8, is_ascii(utf8)) {}
+  /// `ascii`: the text is known to be plain ASCII, or known not to be.
+  TextLine(std::string_view utf8, bool ascii) : text_(utf8), ascii_(ascii) {}
 
   std::string_view text() const { return text_; }
   bool ascii() const { return ascii_; }
@@ -26,7 +29,7 @@ class TextLine {
   std::string_view cut(Columns columns) const {
     if (!ascii_) return mid(text_, columns.first, columns.width);
     if (columns.first > text_.size()) return {};
-    return text_.substr(columns.first - 1, columns.width);
+    return {text_.data() + columns.first - 1, std::min(columns.width, text_.size() + 1 - columns.first)};
   }
 
   /// Everything from column `first` on.
@@ -35,6 +38,16 @@ class TextLine {
  private:
   std::string_view text_;
   bool ascii_;
+};
+
+/// A line of plain ASCII that reaches behind the last of its columns: cutting it needs no look at it.
+class FullLine {
+ public:
+  explicit FullLine(std::string_view ascii) : text_(ascii.data()) {}
+  std::string_view cut(Columns columns) const { return {text_ + columns.first - 1, columns.width}; }
+
+ private:
+  const char* text_;
 };
 
 }  // namespace varnisto

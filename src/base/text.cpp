@@ -1,9 +1,9 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 namespace varnisto {
 namespace {
@@ -35,26 +35,26 @@ std::size_t offset_of(std::string_view text, std::size_t index) {
 
 }  // namespace
 
-bool is_ascii(std::string_view text) {
-  const char* p = text.data();
-  const std::size_t n = text.size();
-  std::uint64_t bits = 0;
-  if (n < sizeof bits) {
-    for (const char c : text) bits |= static_cast<unsigned char>(c);
-    return bits < 0x80;
+namespace detail {
+
+bool is_ascii_long(std::string_view text) {
+  // Independent sums of whole blocks keep the processor's wide registers busy.
+  using Block = std::array<std::uint64_t, 8>;
+  Block sums{};
+  std::size_t i = 0;
+  for (; i + sizeof(Block) <= text.size(); i += sizeof(Block)) {
+    Block block;
+    std::memcpy(block.data(), text.data() + i, sizeof block);
+    for (std::size_t k = 0; k < block.size(); ++k) sums[k] |= block[k];
   }
-  const auto word_at = [](const char* at) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-  };
-  for (std::size_t i = 0; i + sizeof bits <= n; i += sizeof bits) bits |= word_at(p + i);
-  bits |= word_at(p + n - sizeof bits);  // the rest, and some bytes a second time
-  return (bits & 0x8080808080808080U) == 0;
+  std::uint64_t bits = 0;
+  for (const std::uint64_t sum : sums) bits |= sum;
+  for (; i + sizeof bits <= text.size(); i += sizeof bits)
+    bits |= WordEnds<std::uint64_t>{text.substr(i, sizeof bits)}.front;
+  return (bits & high_bits) == 0 && is_ascii(text.substr(i));
 }
 
-std::size_t char_count(std::string_view text) {
-  if (is_ascii(text)) return text.size();
+std::size_t char_count_wide(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t pos = 0; pos < text.size(); ++count) {
     ++pos;
@@ -63,28 +63,11 @@ std::size_t char_count(std::string_view text) {
   return count;
 }
 
-std::string_view trim_left(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return first == std::string_view::npos ? std::string_view{} : text.substr(first);
-}
-
-std::string_view trim_right(std::string_view text) {
-  const std::size_t last = text.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string_view{} : text.substr(0, last + 1);
-}
-
-std::string_view trim(std::string_view text) {
-  return trim_left(trim_right(text));
-}
-
-bool is_blank(std::string_view text) {
-  return text.find_first_not_of(' ') == std::string_view::npos;
-}
-
-std::string_view left(std::string_view text, std::size_t n) {
-  if (n >= text.size()) return text;
+std::string_view left_of_longer(std::string_view text, std::size_t n) {
   return text.substr(0, is_ascii(text.substr(0, n)) ? n : offset_of(text, n));
 }
+
+}  // namespace detail
 
 std::string_view right(std::string_view text, std::size_t n) {
   if (n >= text.size()) return text;
@@ -106,15 +89,6 @@ void append_left_aligned(std::string& out, std::string_view text, std::size_t n)
   out.append(kept);
   const std::size_t width = ascii ? kept.size() : char_count(kept);
   if (width < n) out.append(n - width, ' ');
-}
-
-void set_left_aligned(std::string& field, std::string_view text, std::size_t n) {
-  if (field.size() != n || text.size() > n || !is_ascii(text)) {
-    field.clear();
-    return append_left_aligned(field, text, n);
-  }
-  const std::size_t size = text.copy(field.data(), n);
-  std::fill(field.begin() + static_cast<std::ptrdiff_t>(size), field.end(), ' ');
 }
 
 void append_right_aligned(std::string& out, std::string_view text, std::size_t n) {

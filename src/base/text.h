@@ -4,7 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,22 +12,69 @@
 
 namespace varnisto {
 
+namespace detail {  // the longer ways of the functions below
+inline constexpr std::uint64_t high_bits = 0x8080808080808080U;
+bool is_ascii_long(std::string_view text);
+std::size_t char_count_wide(std::string_view text);
+std::string_view left_of_longer(std::string_view text, std::size_t n);
+}  // namespace detail
+
+/// Both ends of a text of at least one word, as words.
+template <class Word>
+struct WordEnds {
+  explicit WordEnds(std::string_view text) {
+    std::memcpy(&front, text.data(), sizeof front);
+    std::memcpy(&back, text.data() + text.size() - sizeof back, sizeof back);
+  }
+  Word front{}, back{};
+};
+
+/// Calls `work` with the ends of a text of 1 to 16 bytes, as the widest words that fit: they touch or
+/// overlap, so that `work` sees every byte without a loop.
+inline constexpr std::size_t longest_word_pair = 2 * sizeof(std::uint64_t);
+template <class Work>
+[[gnu::always_inline]] inline auto with_word_ends(std::string_view text, Work work) {
+  if (text.size() >= sizeof(std::uint64_t)) return work(WordEnds<std::uint64_t>{text});
+  if (text.size() >= sizeof(std::uint32_t)) return work(WordEnds<std::uint32_t>{text});
+  if (text.size() >= sizeof(std::uint16_t)) return work(WordEnds<std::uint16_t>{text});
+  return work(WordEnds<std::uint8_t>{text});
+}
+
 /// True when no byte has its high bit set.
-bool is_ascii(std::string_view text);
+inline bool is_ascii(std::string_view text) {
+  if (text.size() > longest_word_pair) return detail::is_ascii_long(text);
+  return text.empty() || with_word_ends(text, []<class Word>(WordEnds<Word> ends) {
+           return ((ends.front | ends.back) & static_cast<Word>(detail::high_bits)) == 0;
+         });
+}
 
 /// Number of characters in a UTF-8 text. An ill-formed byte counts as one character.
-std::size_t char_count(std::string_view text);
+inline std::size_t char_count(std::string_view text) {
+  return is_ascii(text) ? text.size() : detail::char_count_wide(text);
+}
 
 /// The text without leading and trailing blanks. Only U+0020 counts: tabs and full-width blanks are text.
-std::string_view trim(std::string_view text);
-std::string_view trim_left(std::string_view text);
-std::string_view trim_right(std::string_view text);
+inline std::string_view trim_left(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  return text;
+}
+inline std::string_view trim_right(std::string_view text) {
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
+inline std::string_view trim(std::string_view text) {
+  return trim_left(trim_right(text));
+}
 
 /// True when the text holds nothing but blanks.
-bool is_blank(std::string_view text);
+inline bool is_blank(std::string_view text) {
+  return trim_left(text).empty();
+}
 
 /// First `n` characters, or the whole text when it is shorter.
-std::string_view left(std::string_view text, std::size_t n);
+inline std::string_view left(std::string_view text, std::size_t n) {
+  return n >= text.size() ? text : detail::left_of_longer(text, n);
+}
 /// Last `n` characters, or the whole text when it is shorter.
 std::string_view right(std::string_view text, std::size_t n);
 /// `n` characters from position `first` (1-based); empty when the text is shorter than that.
@@ -40,25 +87,6 @@ std::string pad_left(std::string_view text, std::size_t n);
 /// The same two, appended to `out` without a temporary.
 void append_left_aligned(std::string& out, std::string_view text, std::size_t n);
 void append_right_aligned(std::string& out, std::string_view text, std::size_t n);
-
-/// The three below fill a text anew, line after line, without giving up its memory; the pieces must not be
-/// parts of it. `field` = `text`.
-inline void set_text(std::string& field, std::string_view text) {
-  if (field.size() == text.size())
-    text.copy(field.data(), text.size());
-  else
-    field.assign(text);
-}
-/// `field` = `text`, left-aligned in `n`.
-void set_left_aligned(std::string& field, std::string_view text, std::size_t n);
-/// `out` = the pieces, one behind the other.
-inline void set_joined(std::string& out, std::initializer_list<std::string_view> pieces) {
-  std::size_t size = 0;
-  for (const std::string_view piece : pieces) size += piece.size();
-  out.resize(size);
-  char* end = out.data();
-  for (const std::string_view piece : pieces) end += piece.copy(end, piece.size());
-}
 
 /// Case-sensitive substring test. The empty text occurs in every text.
 inline bool contains(std::string_view text, std::string_view part) {

@@ -14,13 +14,15 @@ constexpr char end_of_text = '\x1A';
 }  // namespace
 
 TextReader::TextReader(const std::string& path)
-    : file_(FileHandle::open_for_reading(path)), path_(path), buffer_(buffer_size, '\0') {}
+    : file_(FileHandle::open_for_reading(path)), path_(path), buffer_(buffer_size) {}
 
-TextReader TextReader::from_bytes(std::string bytes, std::string name) {
+TextReader TextReader::from_bytes(std::string_view bytes, std::string name) {
   TextReader reader;
   reader.path_ = std::move(name);
   reader.end_ = bytes.size();
-  reader.buffer_ = std::move(bytes);
+  reader.look_at(bytes);
+  reader.buffer_ = ByteBuffer{bytes.size()};
+  bytes.copy(reader.buffer_.data(), bytes.size());
   reader.ended_ = true;
   return reader;
 }
@@ -32,11 +34,18 @@ bool TextReader::refill() {
     end_ -= begin_;
     begin_ = 0;
   }
-  if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
+  if (end_ == buffer_.size()) buffer_.grow(buffer_.size() * 2, end_);
   const std::size_t count = file_.read(buffer_.data() + end_, buffer_.size() - end_);
+  if (end_ == 0) plain_ = true;
+  look_at({buffer_.data() + end_, count});
   end_ += count;
   ended_ = count == 0;
   return !ended_;
+}
+
+/// Nearly every buffer is plain: one look at it saves a look at each of its lines.
+void TextReader::look_at(std::string_view fresh) {
+  plain_ = plain_ && is_ascii(fresh) && fresh.find(end_of_text) == std::string_view::npos;
 }
 
 bool TextReader::next_bytes(std::string_view& line) {
@@ -62,21 +71,26 @@ bool TextReader::next_bytes(std::string_view& line) {
 }
 
 bool TextReader::next(std::string_view& line) {
-  std::string_view bytes;
-  if (!next_bytes(bytes)) return false;
-  if (const std::size_t stop = bytes.find(end_of_text); stop != std::string_view::npos) {
+  if (!next_bytes(line)) return false;
+  ascii_ = plain_;
+  if (!plain_ && !take_other(line)) return false;
+  ++line_number_;
+  return true;
+}
+
+/// The same for a line that may hold anything.
+bool TextReader::take_other(std::string_view& line) {
+  if (const std::size_t stop = line.find(end_of_text); stop != std::string_view::npos) {
     begin_ = end_;
     ended_ = true;
     if (stop == 0) return false;
-    bytes = bytes.substr(0, stop);
+    line = line.substr(0, stop);
   }
-  ++line_number_;
-  line = bytes;
-  if (!is_ascii(bytes)) {
-    decoded_.clear();
-    code_page_.decode(bytes, decoded_);
-    line = decoded_;
-  }
+  ascii_ = is_ascii(line);
+  if (ascii_) return true;
+  decoded_.clear();
+  code_page_.decode(line, decoded_);
+  line = decoded_;
   return true;
 }
 

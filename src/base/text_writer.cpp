@@ -1,31 +1,56 @@
 #include "base/text_writer.h"
 
+#include <cstring>
+
 #include "base/text.h"
 
 namespace varnisto {
 namespace {
 
 constexpr std::size_t buffer_size = 65536;
+constexpr std::string_view line_end = "\r\n";
 
 }  // namespace
 
 TextWriter::TextWriter(const std::string& path, Unmappable policy)
-    : file_(FileHandle::create(path)), policy_(policy) {
-  pending_.reserve(buffer_size);
-}
+    : file_(FileHandle::create(path)), policy_(policy), pending_(buffer_size) {}
 
 void TextWriter::put(std::string_view line) {
-  if (pending_.size() + line.size() + 2 > buffer_size) flush();
-  if (is_ascii(line))
-    pending_.append(line);
-  else
-    code_page_.encode(line, pending_, policy_);
-  pending_.append("\r\n");
+  const std::size_t size = line.size() + line_end.size();
+  if (used_ + size > pending_.size()) make_room(size);
+  char* const start = pending_.data() + used_;
+  std::memcpy(start, line.data(), line.size());
+  std::memcpy(start + line.size(), line_end.data(), line_end.size());
+  used_ += size;
+}
+
+void TextWriter::make_room(std::size_t size) {
+  flush();
+  if (size > pending_.size()) pending_ = ByteBuffer{size};
 }
 
 void TextWriter::flush() {
-  file_.write(pending_);
-  pending_.clear();
+  if (!is_ascii(pending_.first(used_))) encode();
+  file_.write(pending_.first(used_));
+  used_ = 0;
+}
+
+/// Brings the lines to the file's code page where they are: it takes no more bytes than UTF-8 for any
+/// character. Most lines are plain even where some are not.
+void TextWriter::encode() {
+  std::string_view lines = pending_.first(used_);
+  used_ = 0;
+  while (!lines.empty()) {
+    std::string_view line = lines.substr(0, lines.find('\n') + 1);
+    lines.remove_prefix(line.size());
+    if (!is_ascii(line)) {
+      encoded_.clear();
+      code_page_.encode(line, encoded_, policy_);
+      line = encoded_;
+    }
+    std::memmove(pending_.data() + used_, line.data(), line.size());
+    used_ += line.size();
+  }
 }
 
 void TextWriter::close() {

@@ -1,9 +1,11 @@
 #pragma once
 // Writes a text file of code page 932 with CR LF line ends. Lines are collected and written in large pieces.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
+#include "base/byte_buffer.h"
 #include "base/cp932.h"
 #include "base/file_handle.h"
 #include "base/line_sink.h"
@@ -15,9 +17,10 @@ class TextWriter final : public LineSink {
   /// Makes the file anew, replacing one that is there. Throws RunTimeError 70, 75 or 76.
   explicit TextWriter(const std::string& path, Unmappable policy = Unmappable::refuse);
 
-  /// Writes one line (UTF-8) and its end. Throws RunTimeError 61 (disk full), 57, or 5 as the policy says.
+  /// Takes one line (UTF-8); its end follows it in the file. Throws what flush() throws: not necessarily for
+  /// this line.
   void put(std::string_view line) override;
-  /// Writes what was collected so far.
+  /// Writes what was collected so far. Throws RunTimeError 61 (disk full), 57, or 5 as the policy says.
   void flush();
   /// Flushes and closes. A writer that is destroyed without this leaves an unfinished file: only the way out
   /// of an error does that.
@@ -26,10 +29,15 @@ class TextWriter final : public LineSink {
   const std::string& path() const { return file_.path(); }
 
  private:
+  void make_room(std::size_t size);
+  void encode();
+
   FileHandle file_;
   Unmappable policy_;
-  std::string pending_;
+  ByteBuffer pending_;    ///< room for the lines that are collected
+  std::size_t used_ = 0;  ///< bytes of it
   CodePage code_page_;
+  std::string encoded_;
 };
 
 }  // namespace varnisto

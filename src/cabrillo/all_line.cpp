@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/short_text.h"
+
 namespace varnisto {
 namespace {
 
@@ -10,6 +12,8 @@ constexpr Columns col_year{1, 4}, col_month{6, 2}, col_day{9, 2}, col_hour{12, 2
 constexpr Columns col_call{18, 13};
 constexpr Columns col_sent_rst{31, 3}, col_sent_exch{34, 8}, col_rcvd_rst{43, 3}, col_rcvd_exch{46, 8};
 constexpr Columns col_mult1{55, 6}, col_mult2{61, 6}, col_after_points{80, 5};
+/// Nearly every line reaches behind the points.
+constexpr std::size_t full_width = all_columns::points.first + all_columns::points.width - 1;
 
 struct Code {
   std::string_view text, code;
@@ -35,20 +39,38 @@ std::optional<std::string_view> find_code(const Code (&codes)[n], std::string_vi
   return hit == std::end(codes) ? std::nullopt : std::optional{hit->code};
 }
 
-void parse_time(const TextLine& line, QsoRec& rec) {
+template <class Line>
+void parse_time(const Line& line, QsoRec& rec) {
   set_text(rec.qso_year, line.cut(col_year));
   set_text(rec.qso_month, line.cut(col_month));
   set_text(rec.qso_day, line.cut(col_day));
-  set_joined(rec.qso_date, {rec.qso_year, "-", rec.qso_month, "-", rec.qso_day});
-  set_joined(rec.qso_hhmm, {line.cut(col_hour), line.cut(col_minute)});
+  set_joined(rec.qso_date, rec.qso_year, "-", rec.qso_month, "-", rec.qso_day);
+  set_joined(rec.qso_hhmm, line.cut(col_hour), line.cut(col_minute));
 }
 
-void parse_exchanges(const TextLine& line, std::string_view jidx_number, QsoRec& rec) {
-  set_left_aligned(rec.sent_rst4, line.cut(col_sent_rst), 4);
+template <class Line>
+void parse_exchanges(const Line& line, std::string_view jidx_number, QsoRec& rec) {
+  set_left_aligned<4>(rec.sent_rst4, line.cut(col_sent_rst));
   set_text(rec.sent_exch, trim(line.cut(col_sent_exch)));
   if (rec.sent_exch.empty()) rec.sent_exch = jidx_number;
-  set_left_aligned(rec.rcvd_rst4, line.cut(col_rcvd_rst), 4);
+  set_left_aligned<4>(rec.rcvd_rst4, line.cut(col_rcvd_rst));
   set_text(rec.rcvd_exch, trim(line.cut(col_rcvd_exch)));
+}
+
+/// The columns of `full_width`.
+template <class Line>
+void parse_columns(const Line& line, const AllOptions& options, QsoRec& rec) {
+  if (options.rtty)
+    rec.mode2 = "RY";
+  else if (const auto mode = mode_code(line.cut(all_columns::mode)))
+    set_text(rec.mode2, *mode);  // an unknown mode keeps the previous line's
+  parse_time(line, rec);
+  set_left_aligned<14>(rec.his_call14, line.cut(col_call));
+  parse_exchanges(line, options.jidx_number, rec);
+  set_text(rec.mult1, trim(line.cut(col_mult1)));
+  set_text(rec.mult2, trim(line.cut(col_mult2)));
+  set_text(rec.points, trim(line.cut(all_columns::points)));
+  set_text(rec.band_mhz, trim(line.cut(all_columns::band)));
 }
 
 void parse_frequency(std::string_view text, const AllOptions& options, QsoRec& rec) {
@@ -98,17 +120,10 @@ std::optional<std::size_t> band_index(std::string_view band_mhz) {
 }
 
 void parse_all_line(const TextLine& line, const AllOptions& options, QsoRec& rec) {
-  if (options.rtty)
-    rec.mode2 = "RY";
-  else if (const auto mode = mode_code(line.cut(all_columns::mode)))
-    set_text(rec.mode2, *mode);  // an unknown mode keeps the previous line's
-  parse_time(line, rec);
-  set_left_aligned(rec.his_call14, line.cut(col_call), 14);
-  parse_exchanges(line, options.jidx_number, rec);
-  set_text(rec.mult1, trim(line.cut(col_mult1)));
-  set_text(rec.mult2, trim(line.cut(col_mult2)));
-  set_text(rec.points, trim(line.cut(all_columns::points)));
-  set_text(rec.band_mhz, trim(line.cut(all_columns::band)));
+  if (line.ascii() && line.text().size() >= full_width)
+    parse_columns(FullLine{line.text()}, options, rec);
+  else
+    parse_columns(line, options, rec);
   parse_frequency(line.text(), options, rec);
   if (const std::string_view after = line.cut(col_after_points); !is_blank(after)) rec.mult1 = after;
 }

@@ -40,7 +40,7 @@ ScanCounts scan(const std::string& path, bool rtty) {
   reader.next(text);  // the title line
   while (reader.next(text)) {
     if (!holds_qso(text)) continue;
-    const TextLine line{text};
+    const TextLine line{text, reader.ascii()};
     if (!rtty) count_mode(counts, line.cut(all_columns::mode));
     if (const auto band = band_index(trim(line.cut(all_columns::band)))) ++counts.bands[*band];
   }
@@ -94,7 +94,7 @@ void get_power_all(App& app) {
   std::string_view text;
   reader.next(text);  // the title line
   while (reader.next(text)) {
-    const std::string_view power = trim(TextLine{text}.cut(all_columns::sent_power));
+    const std::string_view power = trim(TextLine{text, reader.ascii()}.cut(all_columns::sent_power));
     const std::int64_t watts = round_half_even(power_value(power));
     if (watts <= highest) continue;
     highest = watts;

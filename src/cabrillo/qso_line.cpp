@@ -4,15 +4,16 @@
 #include <cstdint>
 #include <iterator>
 
+#include "base/short_text.h"
 #include "base/text.h"
 #include "cabrillo/all_line.h"
 
 namespace varnisto {
 namespace {
 
-/// Exchanges as they go into the line, padded.
+/// Exchanges as they go into the line.
 struct Exchanges {
-  std::string sent, rcvd;
+  Aligned sent, rcvd;
 };
 
 std::string number_text(std::string_view text) {
@@ -28,9 +29,8 @@ void take_transmitter(const QsoLineContext& context, std::string_view log_line, 
 
 void put_common(const QsoLineContext& context, const QsoRec& rec, const Exchanges& exchanges,
                 std::string& out) {
-  set_joined(out,
-             {"QSO: ", rec.freq5, " ", rec.mode2, " ", rec.qso_date, " ", rec.qso_hhmm, " ", context.mycall14,
-              rec.sent_rst4, exchanges.sent, rec.his_call14, rec.rcvd_rst4, exchanges.rcvd});
+  set_joined(out, "QSO: ", rec.freq5, " ", rec.mode2, " ", rec.qso_date, " ", rec.qso_hhmm, " ",
+             context.mycall14, rec.sent_rst4, exchanges.sent, rec.his_call14, rec.rcvd_rst4, exchanges.rcvd);
 }
 
 void put_transmitter(const QsoLineContext& context, const QsoRec& rec, std::string& out) {
@@ -69,20 +69,22 @@ std::size_t sent_width(const QsoLineContext& context) {
 }  // namespace
 
 bool ARRL_10(const QsoLineContext& context, std::string_view log_line, QsoRec& rec, std::string& out) {
+  const std::string sent = number_text(rec.sent_exch);
   const std::string received = number_text(rec.rcvd_exch);
-  const Exchanges exchanges{pad_left(number_text(rec.sent_exch), 6) + " ",
-                            pad_left(received == "0" ? rec.rcvd_exch : received, 6)};
+  Exchanges exchanges{right_aligned(sent, 6),
+                      right_aligned(received == "0" ? std::string_view{rec.rcvd_exch} : received, 6)};
+  exchanges.sent.after = 1;
   return put_line(context, log_line, exchanges, rec, out);
 }
 
 bool ARRL_DX(const QsoLineContext& context, std::string_view log_line, QsoRec& rec, std::string& out) {
-  const Exchanges exchanges{pad_right(rec.sent_exch, sent_width(context)), pad_right(rec.rcvd_exch, 7)};
+  const Exchanges exchanges{left_aligned(rec.sent_exch, sent_width(context)), left_aligned(rec.rcvd_exch, 7)};
   return put_line(context, log_line, exchanges, rec, out);
 }
 
 bool WAEDC(const QsoLineContext& context, std::string_view log_line, QsoRec& rec, std::string& out) {
   take_qtc(log_line, rec);
-  const Exchanges exchanges{pad_right(rec.sent_exch, sent_width(context)), pad_right(rec.rcvd_exch, 7)};
+  const Exchanges exchanges{left_aligned(rec.sent_exch, sent_width(context)), left_aligned(rec.rcvd_exch, 7)};
   if (!context.qtc_columns) return put_line(context, log_line, exchanges, rec, out);
   take_transmitter(context, log_line, rec);
   put_common(context, rec, exchanges, out);
@@ -95,7 +97,7 @@ bool CQ_WW(const QsoLineContext& context, std::string_view log_line, QsoRec& rec
 }
 
 bool Else_(const QsoLineContext& context, std::string_view log_line, QsoRec& rec, std::string& out) {
-  const Exchanges exchanges{pad_right(rec.sent_exch, 7), pad_right(rec.rcvd_exch, 7)};
+  const Exchanges exchanges{left_aligned(rec.sent_exch, 7), left_aligned(rec.rcvd_exch, 7)};
   if (is_blank(rec.rcvd_rst4)) {
     take_transmitter(context, log_line, rec);
     return false;

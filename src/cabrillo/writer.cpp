@@ -97,7 +97,7 @@ void put_qsos(App& app, TextReader& log, std::string_view line, bool rtty, LineS
   std::string text;
   do {
     if (!holds_qso(line)) continue;
-    parse_all_line(TextLine{line}, options, rec);
+    parse_all_line(TextLine{line, log.ascii()}, options, rec);
     const bool wanted = format(context, line, rec, text);
     if (wanted) out.put(text);
     ++(wanted ? input.qsos_written : input.lines_dropped);

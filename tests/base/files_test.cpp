@@ -47,6 +47,22 @@ TEST(Lines, AreTheSameFromFileAndMemory) {
   }
 }
 
+TEST(TextReader, KnowsThePlainLinesWhereverTheOthersStand) {
+  std::string plain;
+  while (plain.size() < 100000) plain += "0123456789\r\n";  // more than one buffer
+  TempDir dir;
+  TextReader reader{dir.write("log.all", plain + "\x95\x5C\r\n" + plain + "end\x1A")};
+  std::size_t plain_lines = 0;
+  std::string last;
+  for (std::string_view line; reader.next(line);) {
+    EXPECT_EQ(reader.ascii(), line != "表");
+    plain_lines += reader.ascii() ? 1 : 0;
+    last = line;
+  }
+  EXPECT_EQ(plain_lines, 2 * plain.size() / 12 + 1);
+  EXPECT_EQ(last, "end");
+}
+
 TEST(TextReader, OpensFilesOfAnyCaseAndSaysWhatItCannotOpen) {
   TempDir dir;
   dir.write("QX1ABC.ALL", "upper");
@@ -74,6 +90,19 @@ TEST(TextWriter, EndsLinesWithCrLfAndKeepsOrderAroundFlushes) {
                 longer + "\r\n\r\n");
 }
 
+TEST(TextWriter, EncodesLinesAmongPlainOnes) {
+  TempDir dir;
+  TextWriter writer{dir.path() + "out", Unmappable::question_mark};
+  std::string expected;
+  for (int i = 0; i < 20000; ++i) {
+    const bool plain = i % 7 != 0;
+    writer.put(plain ? "QSO: 14000" : "ｶ表§\u20ACx");
+    expected += plain ? "QSO: 14000\r\n" : "\xB6\x95\x5C\x81\x98?x\r\n";
+  }
+  writer.close();
+  EXPECT_TRUE(dir.read("out") == expected);
+}
+
 TEST(TextWriter, AWriteThatFailsIsAnError) {
   TempDir dir;
   TextWriter full{"/dev/full"};
@@ -82,7 +111,8 @@ TEST(TextWriter, AWriteThatFailsIsAnError) {
   EXPECT_EQ(error_of([&] { TextWriter{dir.path() + "none/out"}; }), 76);
   EXPECT_EQ(error_of([&] { TextWriter{dir.path()}; }), 75);
   TextWriter writer{dir.path() + "out"};
-  EXPECT_EQ(error_of([&] { writer.put("\u20AC"); }), 5);
+  writer.put("\u20AC");
+  EXPECT_EQ(error_of([&] { writer.close(); }), 5);
 }
 
 TEST(Fields, AreReadOverLineEnds) {
