@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                  text);
     if (char_count(text) != 92) std::abort();
     record.clear();
-    append_quoted_fields(record, {memo.text, memo.receiver});
+    set_quoted_fields(record, {memo.text, memo.receiver});
     std::string_view rest = record;
     if (!take_field(rest, field) || field != memo.text) std::abort();
     if (take_field(rest, field) || field != memo.receiver) std::abort();

@@ -37,10 +37,12 @@ class FieldReader {
 };
 
 /// Takes the first field off `rest`. True when a comma followed it, so that another field comes on the same
-/// line.
+/// line. The field is a part of the line, or of `room` when quotes inside it had to go.
+bool take_field(std::string_view& rest, std::string_view& field, std::string& room);
+/// The same with a field of its own.
 bool take_field(std::string_view& rest, std::string& field);
 
-/// Appends one record of a scratch file: every field in double quotes, commas between them.
-void append_quoted_fields(std::string& line, std::initializer_list<std::string_view> fields);
+/// Sets `line` to one record of a scratch file: every field in double quotes, commas between them.
+void set_quoted_fields(std::string& line, std::initializer_list<std::string_view> fields);
 
 }  // namespace varnisto

@@ -20,7 +20,7 @@ bool has_logger_title(TextReader& log);
 /// Sorts a scratch file by columns, e.g. "2:6", into another one.
 void sort_scratch(App& app, std::string_view columns, const std::string& input, const std::string& output);
 
-/// Reads the records of a scratch file, `n` fields each. The fields keep their memory from record to record.
+/// Reads the records of a scratch file, `n` fields each. The fields stand until the next record is read.
 template <std::size_t n>
 class RecordReader {
  public:
@@ -35,23 +35,24 @@ class RecordReader {
   /// The same in two steps, for records that are wanted by their first field only.
   bool next_key() {
     if (!reader_.next(rest_)) return false;
-    more_ = take_field(rest_, fields_[0]);
+    more_ = take_field(rest_, fields_[0], rooms_[0]);
     return true;
   }
   void take_rest() {
     for (std::size_t i = 1; i < n; ++i) {
       if (!more_) throw RunTimeError(RunTimeError::past_end, reader_.place());
-      more_ = take_field(rest_, fields_[i]);
+      more_ = take_field(rest_, fields_[i], rooms_[i]);
     }
   }
 
-  const std::string& operator[](std::size_t field) const { return fields_[field]; }
+  std::string_view operator[](std::size_t field) const { return fields_[field]; }
 
  private:
   TextReader reader_;
   std::string_view rest_;  ///< of the current line
   bool more_ = false;
-  std::array<std::string, n> fields_;
+  std::array<std::string_view, n> fields_;
+  std::array<std::string, n> rooms_;  ///< for fields that hold quotes
 };
 
 }  // namespace varnisto

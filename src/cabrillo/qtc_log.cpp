@@ -36,9 +36,7 @@ void collect(TextReader& log, bool to_utc, const std::string& path) {
   for (std::string_view line; log.next(line);)
     for_each_qtc(line, log.line_number(), incomplete, [&](const QtcMemo& memo) {
       const std::string key = std::string{right(std::string{"00"}.append(memo.group), 3)} + "QTC";
-      record.clear();
-      append_quoted_fields(record,
-                           {key, memo.group, memo.number, memo.receiver, qtc_time(memo, to_utc).time});
+      set_quoted_fields(record, {key, memo.group, memo.number, memo.receiver, qtc_time(memo, to_utc).time});
       out.put(record);
     });
   out.close();
@@ -52,9 +50,8 @@ void drop_repeated(const std::string& from, const std::string& to) {
   while (records.next()) {
     if (records[series_key] == previous) continue;
     previous = records[series_key];
-    record.clear();
-    append_quoted_fields(record, {previous, records[series_group], records[series_number],
-                                  records[series_receiver], records[series_time]});
+    set_quoted_fields(record, {previous, records[series_group], records[series_number],
+                               records[series_receiver], records[series_time]});
     out.put(record);
   }
   out.close();

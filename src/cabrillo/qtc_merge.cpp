@@ -5,6 +5,7 @@
 #include "base/checked_int.h"
 #include "base/files.h"
 #include "base/scratch_files.h"
+#include "base/short_text.h"
 #include "base/text.h"
 #include "base/text_writer.h"
 #include "cabrillo/all_line.h"
@@ -91,11 +92,13 @@ struct Scratch {
 
 /// Sets `key`; `place` is the number of the QSO in the log.
 void make_key(std::string& key, std::string_view date, std::string_view time, char kind, std::int32_t place) {
-  key.assign(date).append(" ").append(time);
-  key = pad_right(key, minute_width);
-  key += kind;
+  std::string minute;
+  set_joined(minute, date, " ", time);
   const std::string digits = std::to_string(place);
-  key.append(place_width - std::min(digits.size(), place_width), '0').append(digits);
+  constexpr std::string_view zeros = "00000000";
+  static_assert(zeros.size() == place_width);
+  set_joined(key, left_aligned(minute, minute_width), std::string_view{&kind, 1},
+             zeros.substr(std::min(digits.size(), zeros.size())), digits);
 }
 std::string_view place_of(std::string_view key) {
   return key.substr(key.size() - std::min(key.size(), place_width));  // digits: bytes are characters
@@ -122,7 +125,7 @@ class Collector {
   void run(TextReader& log) {
     for (std::string_view line; log.next(line);) {
       if (!holds_qso(line)) continue;
-      parse_all_line(TextLine{line}, options_, rec_);
+      parse_all_line(TextLine{line, log.ascii()}, options_, rec_);
       if (to_utc_) move_to_utc(rec_, log);
       add_checked(count_, 1, "qsos_written");
       put_qso(line);
@@ -138,20 +141,18 @@ class Collector {
  private:
   void put_qso(std::string_view line) {
     make_key(key_, rec_.qso_date, rec_.qso_hhmm, kind_qso, count_);
-    record_.clear();
-    append_quoted_fields(record_, {key_, "QSO: ", rec_.freq5, rec_.mode2, rec_.qso_date, rec_.qso_hhmm,
-                                   own_call_, rec_.sent_rst4, rec_.sent_exch, rec_.his_call14, rec_.rcvd_rst4,
-                                   rec_.rcvd_exch, bracket_text(line).value_or("")});
+    set_quoted_fields(record_, {key_, "QSO: ", rec_.freq5, rec_.mode2, rec_.qso_date, rec_.qso_hhmm,
+                                own_call_, rec_.sent_rst4, rec_.sent_exch, rec_.his_call14, rec_.rcvd_rst4,
+                                rec_.rcvd_exch, bracket_text(line).value_or("")});
     qsos_.put(record_);
   }
 
   void put_memo(const QtcMemo& memo) {
     const QtcTime passed = qtc_time(memo, to_utc_);
     make_key(key_, passed.date, passed.time, kind_qtc, count_);
-    record_.clear();
-    append_quoted_fields(
-        record_, {key_, "QTC: ", "  ", rec_.mode2, memo.group, memo.number, memo.receiver, passed.date,
-                  passed.time, memo.band, rec_.qso_hhmm, rec_.his_call14, rec_.rcvd_exch, memo.text});
+    set_quoted_fields(record_,
+                      {key_, "QTC: ", "  ", rec_.mode2, memo.group, memo.number, memo.receiver, passed.date,
+                       passed.time, memo.band, rec_.qso_hhmm, rec_.his_call14, rec_.rcvd_exch, memo.text});
     memos_.put(record_);
   }
 
@@ -186,38 +187,24 @@ void complete_memos(const Scratch& scratch, bool as_1800) {
       qsos.take_rest();
     }
     const auto frequency = band_frequency(memos[memo_band], as_1800);
-    record.clear();
-    append_quoted_fields(
-        record, {memos[memo_key], frequency.value_or(qsos[qso_freq]), qsos[qso_mode], memos[memo_date],
-                 memos[memo_time], memos[memo_receiver], memos[memo_group], memos[memo_number],
-                 qsos[qso_own_call], memos[memo_qso_time], memos[memo_qso_call], memos[memo_qso_rcvd]});
+    set_quoted_fields(record,
+                      {memos[memo_key], frequency.value_or(qsos[qso_freq]), qsos[qso_mode], memos[memo_date],
+                       memos[memo_time], memos[memo_receiver], memos[memo_group], memos[memo_number],
+                       qsos[qso_own_call], memos[memo_qso_time], memos[memo_qso_call], memos[memo_qso_rcvd]});
     out.put(record);
   }
   out.close();
 }
 
-/// What QSO and QTC lines have in common: tag, frequency, mode, date, time.
-void put_line_start(std::string_view tag, std::string_view freq5, std::string_view mode2,
-                    std::string_view date, std::string_view time, std::string& out) {
-  out = tag;
-  append_right_aligned(out, freq5, 5);
-  out.append(" ").append(mode2).append(" ").append(date).append(" ").append(time).append(" ");
-}
-
 void put_qso_line(const RecordReader<qso_fields>& qso, std::string& out) {
-  put_line_start(qso[qso_tag], qso[qso_freq], qso[qso_mode], qso[qso_date], qso[qso_time], out);
-  append_left_aligned(out, qso[qso_own_call], 14);
-  append_left_aligned(out, qso[qso_sent_rst], 4);
-  append_right_aligned(out, qso[qso_sent_exch], 6);
-  out += ' ';
-  append_left_aligned(out, qso[qso_call], 14);
-  append_left_aligned(out, qso[qso_rcvd_rst], 4);
-  append_right_aligned(out, qso[qso_rcvd_exch], 6);
+  set_joined(out, qso[qso_tag], right_aligned(qso[qso_freq], 5), " ", qso[qso_mode], " ", qso[qso_date], " ",
+             qso[qso_time], " ", left_aligned(qso[qso_own_call], 14), left_aligned(qso[qso_sent_rst], 4),
+             right_aligned(qso[qso_sent_exch], 6), " ", left_aligned(qso[qso_call], 14),
+             left_aligned(qso[qso_rcvd_rst], 4), right_aligned(qso[qso_rcvd_exch], 6));
 }
 
 void put_pair(std::string_view key, std::string_view line, std::string& record, TextWriter& out) {
-  record.clear();
-  append_quoted_fields(record, {key, line});
+  set_quoted_fields(record, {key, line});
   out.put(record);
 }
 
@@ -282,19 +269,12 @@ void tell_incomplete(App& app, const IncompleteMemos& incomplete) {
 }  // namespace
 
 void put_qtc_line(const QtcLine& qtc, std::string& out) {
-  put_line_start("QTC: ", qtc.freq5, qtc.mode2, qtc.date, qtc.time, out);
-  append_left_aligned(out, qtc.receiver, 14);
-  const std::size_t series = out.size();
-  append_right_aligned(out, qtc.group, 3);
-  out.append("/").append(qtc.number);
-  const std::string whole = out.substr(series);
-  out.resize(series);
-  append_left_aligned(out, whole, 11);
-  append_left_aligned(out, qtc.sender, 14);
-  append_left_aligned(out, qtc.qso_time, 4);
-  out += ' ';
-  append_left_aligned(out, qtc.qso_call, 14);
-  append_right_aligned(out, qtc.qso_rcvd_nr, 4);
+  std::string series;
+  set_joined(series, right_aligned(qtc.group, 3), "/", qtc.number);
+  set_joined(out, "QTC: ", right_aligned(qtc.freq5, 5), " ", qtc.mode2, " ", qtc.date, " ", qtc.time, " ",
+             left_aligned(qtc.receiver, 14), left_aligned(series, 11), left_aligned(qtc.sender, 14),
+             left_aligned(qtc.qso_time, 4), " ", left_aligned(qtc.qso_call, 14),
+             right_aligned(qtc.qso_rcvd_nr, 4));
 }
 
 void WAEDC_put(App& app) {
