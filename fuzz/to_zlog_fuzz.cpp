@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Date, exchanges, multiplier, band, points: the widths that no line can make smaller or larger.
     if (const std::size_t width = char_count(text); width < 41 || width > 80) std::abort();
     record.clear();
-    records.append(line, record);
+    records.make(TextLine{line}, record);
     if (!record.starts_with("<call:") || !record.ends_with("<EOR>")) std::abort();
   }
   return 0;

@@ -1,8 +1,10 @@
 #include "cabrillo/adif.h"
 
+#include <array>
 #include <charconv>
 #include <utility>
 
+#include "base/short_text.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
@@ -45,41 +47,56 @@ AdifCall adif_call(std::string_view his_call, const AdifOptions& options) {
   return {call, std::string{"UR "}.append(his_call).append(" ").append(options.comment)};
 }
 
-AdifRecords::AdifRecords(AdifOptions options)
-    : options_(std::move(options)), comment_ascii_(is_ascii(options_.comment)) {}
+AdifRecords::AdifRecords(AdifOptions options) : options_(std::move(options)) {}
 
 std::size_t AdifRecords::written_size(std::string_view text) {
-  if (ascii_ || is_ascii(text)) return text.size();
+  if (is_ascii(text)) return text.size();
   bytes_.clear();
   code_page_.encode(text, bytes_, Unmappable::refuse);
   return bytes_.size();
 }
 
-/// "<name:length>value"; `start` holds "<name:", `end` what follows the length.
-void AdifRecords::append_field(std::string& out, std::string_view start, std::string_view value,
-                               std::string_view end) {
-  char digits[20];
-  const auto digits_end = std::to_chars(digits, digits + sizeof digits, written_size(value));
-  out.append(start).append(digits, digits_end.ptr).append(end).append(value);
+/// "<name:length>value".
+template <class MakeValue>
+std::string_view AdifRecords::text_of(Field& field, std::string_view source, MakeValue make_value) {
+  if (field.text.empty() || !same_text(field.source, source)) {
+    const auto value = make_value(source);
+    std::array<char, 20> digits;
+    const char* const end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), written_size(value)).ptr;
+    set_text(field.source, source);
+    set_joined(field.text, field.start, std::string_view{digits.data(), end}, field.end, value);
+  }
+  return field.text;
+}
+std::string_view AdifRecords::text_of(Field& field, std::string_view value) {
+  return text_of(field, value, [](std::string_view same) { return same; });
 }
 
-void AdifRecords::append(std::string_view qso_line, std::string& out) {
-  const TextLine line{qso_line};
-  ascii_ = comment_ascii_ && line.ascii();
-  if (const std::string_view frequency = trim(line.cut(col_frequency)); frequency != frequency_) {
-    frequency_ = frequency;
+std::string_view AdifRecords::band_of(std::string_view frequency) {
+  if (!same_text(frequency, frequency_.source))
     if (const auto name = freq_band(frequency)) band_ = *name;
+  return band_;
+}
+
+void AdifRecords::make(const TextLine& line, std::string& out) {
+  const std::string_view worked = trim(line.cut(options_.layout.his_call));
+  std::string_view call = worked;
+  std::string_view comment = options_.comment;
+  AdifCall transcribed;
+  if (options_.transcribe && contains(worked, "/")) {
+    transcribed = adif_call(worked, options_);
+    call = transcribed.call;
+    comment = transcribed.comment;
   }
-  const AdifCall call = adif_call(trim(line.cut(options_.layout.his_call)), options_);
-  append_field(out, "<call:", call.call);
-  append_field(out, "<QSO_DATE:", remove_all(line.cut(col_date), "-"), ":d>");
-  append_field(out, "<TIME_ON:", line.cut(col_time));
-  append_field(out, "<MODE:", adif_mode(line.cut(col_mode)));
-  append_field(out, "<BAND:", band_);
-  append_field(out, "<FREQ:", frequency_);
-  append_field(out, "<RST_SENT:", trim(line.cut(col_sent_rst)));
-  if (!call.comment.empty()) append_field(out, "<COMMENT:", call.comment);
-  out.append("<EOR>");
+  const std::string_view frequency = trim(line.cut(col_frequency));
+  const std::string_view band = band_of(frequency);
+  set_joined(out, text_of(call_, call),
+             text_of(date_, line.cut(col_date), [](std::string_view date) { return remove_all(date, "-"); }),
+             text_of(time_, line.cut(col_time)), text_of(mode_, line.cut(col_mode), adif_mode),
+             text_of(band_field_, band), text_of(frequency_, frequency),
+             text_of(sent_rst_, trim(line.cut(col_sent_rst))),
+             comment.empty() ? std::string_view{} : text_of(comment_, comment), "<EOR>");
 }
 
 void write_adif(App& app, const AdifLayout& layout) {
@@ -93,8 +110,7 @@ void write_adif(App& app, const AdifLayout& layout) {
   std::string record;
   for (std::string_view line; log.next(line);) {
     if (!line.starts_with("QSO:")) continue;
-    record.clear();
-    records.append(line, record);
+    records.make({line, log.ascii()}, record);
     out.put(record);
     out.put("");
   }

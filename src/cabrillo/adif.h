@@ -35,19 +35,30 @@ class AdifRecords {
  public:
   explicit AdifRecords(AdifOptions options);
 
-  /// Appends to `out` the record of one Cabrillo QSO line. A frequency outside the amateur bands keeps the
-  /// band of the record before. Lengths count the bytes that are written.
-  void append(std::string_view qso_line, std::string& out);
+  /// Sets `out` to the record of one Cabrillo QSO line. A frequency outside the amateur bands keeps the band
+  /// of the record before. Lengths count the bytes that are written.
+  void make(const TextLine& qso_line, std::string& out);
 
  private:
-  void append_field(std::string& out, std::string_view start, std::string_view value,
-                    std::string_view end = ">");
+  /// A field of the record. Most values are those of the record before: its text is made anew only for
+  /// another one.
+  struct Field {
+    std::string_view start, end;  ///< what stands in front of the length and behind it
+    std::string source{};         ///< what the value was made from
+    std::string text{};
+  };
+
+  std::string_view text_of(Field& field, std::string_view value);
+  template <class MakeValue>
+  std::string_view text_of(Field& field, std::string_view source, MakeValue make_value);
+  std::string_view band_of(std::string_view frequency);
   std::size_t written_size(std::string_view text);
 
   AdifOptions options_;
-  bool comment_ascii_;
-  bool ascii_ = true;             ///< the current line and the comment: bytes are characters
-  std::string frequency_, band_;  ///< of the record before
+  std::string band_;
+  Field call_{"<call:", ">"}, date_{"<QSO_DATE:", ":d>"}, time_{"<TIME_ON:", ">"}, mode_{"<MODE:", ">"},
+      band_field_{"<BAND:", ">"}, frequency_{"<FREQ:", ">"}, sent_rst_{"<RST_SENT:", ">"},
+      comment_{"<COMMENT:", ">"};
   CodePage code_page_;
   std::string bytes_;
 };

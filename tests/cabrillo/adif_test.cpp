@@ -36,12 +36,13 @@ TEST(AdifCalls, AreTranscribedWithTheWholeInTheComment) {
 TEST(AdifRecord, HoldsTheFieldsOfTheLine) {
   AdifRecords records{{common_adif_layout, "TNX", false}};
   std::string record;
-  records.append("QSO: 14025 CW 2002-11-23 0012 QX1ABC        599 25     Q2DEF         599 05", record);
+  records.make(TextLine{"QSO: 14025 CW 2002-11-23 0012 QX1ABC        599 25     Q2DEF         599 05"},
+               record);
   EXPECT_EQ(record,
             "<call:5>Q2DEF<QSO_DATE:8:d>20021123<TIME_ON:4>0012<MODE:2>CW<BAND:3>20M<FREQ:5>14025"
             "<RST_SENT:3>599<COMMENT:3>TNX<EOR>");
-  record.clear();
-  records.append("QSO: 50100 FM 2002-11-23 0013 QX1ABC        59  25     Q2DEF         59  05", record);
+  records.make(TextLine{"QSO: 50100 FM 2002-11-23 0013 QX1ABC        59  25     Q2DEF         59  05"},
+               record);
   EXPECT_EQ(record,
             "<call:5>Q2DEF<QSO_DATE:8:d>20021123<TIME_ON:4>0013<MODE:2>FM<BAND:3>20M<FREQ:5>50100"
             "<RST_SENT:2>59<COMMENT:3>TNX<EOR>");  // a frequency outside the table keeps the band
