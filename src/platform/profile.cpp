@@ -189,6 +189,7 @@ bool FileProfile::exists(const std::string& path) {
 }
 
 const ProfileText& FileProfile::load(const std::string& path) {
+  if (path == stamp_.path && stamp_of(path) == stamp_) return text_;
   const auto found = find_file(path);
   const Stamp stamp = found ? stamp_of(*found) : Stamp{};
   if (stamp == stamp_ && !stamp.path.empty()) return text_;
@@ -214,23 +215,25 @@ bool OverlayProfile::exists(const std::string& path) {
          below_.exists(path);
 }
 
-std::string OverlayProfile::get(const std::string& path, std::string_view section, std::string_view key) {
-  const auto hit = std::ranges::find_if(written_, [&](const auto& written) {
-    return written.first == path && equal_ignoring_case(written.second.section, section) &&
-           equal_ignoring_case(written.second.key, key);
+OverlayProfile::Written::iterator OverlayProfile::find(const std::string& path, std::string_view section,
+                                                       std::string_view key) {
+  return std::ranges::find_if(written_, [&](const auto& written) {
+    return equal_ignoring_case(written.second.key, key) &&
+           equal_ignoring_case(written.second.section, section) && written.first == path;
   });
+}
+
+std::string OverlayProfile::get(const std::string& path, std::string_view section, std::string_view key) {
+  const auto hit = find(path, section, key);
   return hit == written_.end() ? below_.get(path, section, key) : hit->second.value;
 }
 
 void OverlayProfile::set(const std::string& path, std::span<const ProfileEntry> entries) {
   for (const ProfileEntry& entry : entries) {
     refuse_line_break(entry.key, entry.value);
-    std::erase_if(written_, [&](const auto& written) {
-      return written.first == path && equal_ignoring_case(written.second.section, entry.section) &&
-             equal_ignoring_case(written.second.key, entry.key);
-    });
-    written_.emplace_back(path, entry);
-    written_.back().second.value = profile_value(entry.value);
+    auto written = find(path, entry.section, entry.key);
+    if (written == written_.end()) written = written_.insert(written, {path, entry});
+    written->second.value = profile_value(entry.value);
   }
 }
 

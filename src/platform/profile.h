@@ -89,8 +89,11 @@ class OverlayProfile final : public Profile {
   void set(const std::string& path, std::span<const ProfileEntry> entries) override;
 
  private:
+  using Written = std::vector<std::pair<std::string, ProfileEntry>>;
+  Written::iterator find(const std::string& path, std::string_view section, std::string_view key);
+
   Profile& below_;
-  std::vector<std::pair<std::string, ProfileEntry>> written_;  ///< path and value
+  Written written_;  ///< path and value
 };
 
 }  // namespace varnisto
