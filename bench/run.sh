@@ -32,7 +32,9 @@ echo "By length of the log:"
 "$compare" 3 "1,000,000 QSOs" $(convert 1000000)
 
 echo
-echo "Start, beside an empty C++ program with a static standard library:"
-echo 'int main() {}' >"$work/bare.cpp"
-"${CXX:-c++}" -O2 -static-libstdc++ -static-libgcc -o "$work/bare" "$work/bare.cpp"
-"$compare" $((runs * 5)) "bare program" "$work/bare" -- "varnisto-cli --version" "$cli" --version
+echo "Start, beside C++ programs with a static standard library:"
+bare() { "${CXX:-c++}" -O2 -static-libstdc++ -static-libgcc -x c++ -o "$work/$1" -; }
+echo 'int main() {}' | bare empty
+printf '#include <iostream>\nint main() { std::cout << "1.0\\n"; }' | bare one-line
+"$compare" $((runs * 5)) "an empty program" "$work/empty" -- "one that prints a line" "$work/one-line" \
+  -- "varnisto-cli --version" "$cli" --version

@@ -1,7 +1,6 @@
 #include "base/files.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -11,6 +10,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "base/byte_buffer.h"
 #include "base/checked_int.h"
 #include "base/file_handle.h"
 #include "base/run_time_error.h"
@@ -77,9 +77,9 @@ void copy_file(const std::string& from, const std::string& to) {
   std::error_code failure;
   if (fs::equivalent(from, to, failure)) delete_file(to);
   FileHandle target = FileHandle::create(to);
-  std::array<char, buffer_size> buffer;
+  ByteBuffer buffer{buffer_size};
   while (const std::size_t count = source.read(buffer.data(), buffer.size()))
-    target.write({buffer.data(), count});
+    target.write(buffer.first(count));
   target.close();
 }
 
@@ -103,10 +103,10 @@ void delete_numbered(const std::string& prefix, std::string_view suffix) {
 
 std::int32_t line_breaks_plus_one(const std::string& path) {
   FileHandle file = FileHandle::open_for_reading(path);
-  std::array<char, buffer_size> buffer;
+  ByteBuffer buffer{buffer_size};
   std::int64_t count = 1;
   while (const std::size_t size = file.read(buffer.data(), buffer.size()))
-    count += std::count(buffer.data(), buffer.data() + size, '\n');
+    count += std::ranges::count(buffer.first(size), '\n');
   return to_i32(count, path);
 }
 
@@ -135,8 +135,8 @@ void replace_file(const std::string& path, std::string_view bytes) {
 std::string read_file(const std::string& path) {
   FileHandle file = FileHandle::open_for_reading(path);
   std::string bytes;
-  std::array<char, buffer_size> buffer;
-  while (const std::size_t size = file.read(buffer.data(), buffer.size())) bytes.append(buffer.data(), size);
+  ByteBuffer buffer{buffer_size};
+  while (const std::size_t size = file.read(buffer.data(), buffer.size())) bytes.append(buffer.first(size));
   return bytes;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/app.h"
+#include "core/paths.h"
 #include "platform/launcher.h"
 #include "platform/text_sort.h"
 #include "support/temp_dir.h"
@@ -52,6 +53,9 @@ class SilentLauncher final : public Launcher {
 class TestApp {
  public:
   TestApp();
+  ~TestApp() { remove_scratch_folder(app); }
+  TestApp(const TestApp&) = delete;
+  TestApp& operator=(const TestApp&) = delete;
 
   /// Main and the main window's load.
   void start();
