@@ -48,7 +48,7 @@ bool take_field(std::string_view& rest, std::string_view& field, std::string& ro
   rest = trim_left(rest);
   const bool quoted = rest.starts_with('"');
   if (quoted) field = take_quoted(rest, room);
-  const std::size_t comma = second_is(rest, ',') ? 1 : rest.find(',');
+  const std::size_t comma = quoted && second_is(rest, ',') ? 1 : rest.find(',');
   if (!quoted) field = trim_right(rest.substr(0, comma));
   const bool more = comma != std::string_view::npos;
   rest = more ? rest.substr(comma + 1) : std::string_view{};
