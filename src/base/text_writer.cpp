@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "base/short_text.h"
 #include "base/text.h"
 
 namespace varnisto {
@@ -18,9 +19,7 @@ TextWriter::TextWriter(const std::string& path, Unmappable policy)
 void TextWriter::put(std::string_view line) {
   const std::size_t size = line.size() + line_end.size();
   if (used_ + size > pending_.size()) make_room(size);
-  char* const start = pending_.data() + used_;
-  std::memcpy(start, line.data(), line.size());
-  std::memcpy(start + line.size(), line_end.data(), line_end.size());
+  copy_piece(copy_piece(pending_.data() + used_, line), line_end);
   used_ += size;
 }
 
