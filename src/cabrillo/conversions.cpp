@@ -32,8 +32,8 @@ std::optional<std::string_view> band_henkan(std::string_view metres, bool as_180
 }
 
 std::optional<std::string_view> freq_band(std::string_view freq5) {
-  const std::string field = pad_left(" " + std::string{freq5}, 5);
-  return find_value(adif_bands, trim(left(field, 2)));
+  const std::string field = " " + std::string{freq5};
+  return find_value(adif_bands, trim(left(right(field, 5), 2)));
 }
 
 CallParts calls_check(std::string_view call) {

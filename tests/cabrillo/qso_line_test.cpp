@@ -81,7 +81,8 @@ TEST(QsoLine, FormatterGoesByTheFirstSevenCharacters) {
 TEST(Conversions, BandsOfFrequencies) {
   const std::pair<const char*, const char*> rows[] = {{" 1900", "160M"}, {" 3500", "80M"}, {" 7012", "40M"},
                                                       {"10100", "30M"},  {"14000", "20M"}, {"18100", "17M"},
-                                                      {"21000", "15M"},  {"24900", "12M"}, {"29000", "10M"}};
+                                                      {"21000", "15M"},  {"24900", "12M"}, {"29000", "10M"},
+                                                      {"7000", "40M"},   {"7.1", "40M"}};
   for (const auto& [freq5, band] : rows) EXPECT_EQ(freq_band(freq5), band) << freq5;
   EXPECT_EQ(freq_band("50000"), std::nullopt);
   EXPECT_EQ(band_henkan("160", true), " 1800");
