@@ -38,7 +38,25 @@ std::vector<std::string> names_in(std::string_view folder, Predicate wanted) {
   return names;
 }
 
+/// What a path stands for when it is a link: that is replaced, not the link.
+std::string behind_links(const std::string& path) {
+  std::error_code failure;
+  const fs::path resolved = fs::weakly_canonical(path, failure);
+  return failure ? path : resolved.string();
+}
+
 }  // namespace
+
+std::string absolute_path(const std::string& path) {
+  std::error_code failure;
+  const fs::path whole = fs::absolute(path, failure);
+  const fs::path folder = whole.parent_path();
+  if (std::ranges::none_of(folder, [](const fs::path& name) { return name == "." || name == ".."; }))
+    return whole.string();
+  // Behind a link, "a/.." need not be where it seems: the folders that are there tell.
+  const fs::path resolved = fs::weakly_canonical(folder, failure);
+  return failure ? whole.string() : (resolved / whole.filename()).string();
+}
 
 std::string_view file_part(std::string_view path) {
   return path.substr(folder_part(path).size());
@@ -84,7 +102,13 @@ void copy_file(const std::string& from, const std::string& to) {
 }
 
 void move_file(const std::string& from, const std::string& to) {
-  if (std::rename(find_file(from).value_or(from).c_str(), to.c_str()) != 0) throw_file_error(errno, from);
+  const std::string source = find_file(from).value_or(from);
+  const std::string target = behind_links(to);
+  if (struct stat old{}; ::stat(target.c_str(), &old) == 0) ::chmod(source.c_str(), old.st_mode & 07777U);
+  if (std::rename(source.c_str(), target.c_str()) == 0) return;
+  if (errno != EXDEV) throw_file_error(errno, from);
+  copy_file(source, target);
+  delete_file(source);
 }
 
 void delete_file(const std::string& path) {
@@ -111,10 +135,7 @@ std::int32_t line_breaks_plus_one(const std::string& path) {
 }
 
 void replace_file(const std::string& path, std::string_view bytes) {
-  // A settings file may be a link into another folder: replace what it points to, not the link.
-  std::error_code failure;
-  const fs::path resolved = fs::weakly_canonical(path, failure);
-  const std::string target = failure ? path : resolved.string();
+  const std::string target = behind_links(path);
   struct stat info {};
   const bool replaces = ::stat(target.c_str(), &info) == 0;
   if (replaces && ::access(target.c_str(), W_OK) != 0) throw_file_error(errno, path);

@@ -12,6 +12,10 @@ namespace varnisto {
 /// The separator that ends a folder's name in every path this program holds.
 inline constexpr char path_separator = '/';
 
+/// The path from the root, without "." and ".." among its folders: names are made by cutting a path at its
+/// first ".". The file need not exist.
+std::string absolute_path(const std::string& path);
+
 /// The name of the existing file `path` as the folder spells it; nothing when there is none.
 std::optional<std::string> find_file(const std::string& path);
 /// True when find_file() finds something.
@@ -22,7 +26,8 @@ bool is_plain_file(const std::string& path);
 
 /// Copies a file byte for byte through a fixed buffer; an existing target is replaced. Throws RunTimeError.
 void copy_file(const std::string& from, const std::string& to);
-/// Gives a file another name in the same file system; an existing target is replaced. Throws RunTimeError.
+/// Gives a file another name. An existing target is replaced, behind links if it is one, and its permissions
+/// stay. Throws RunTimeError.
 void move_file(const std::string& from, const std::string& to);
 /// Deletes one file. A file that is not there is no error. Throws RunTimeError when the system refuses.
 void delete_file(const std::string& path);

@@ -1,7 +1,6 @@
 #include "cli/convert.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <ostream>
 
 #include "app/checker.h"
@@ -20,11 +19,6 @@
 
 namespace varnisto {
 namespace {
-
-/// Only made absolute, not simplified: behind a link "a/.." need not be where it seems.
-std::string absolute_path(const std::string& path) {
-  return replace_all(std::filesystem::absolute(path).string(), "/./", "/");
-}
 
 /// Operator and power of the command line act like clicks on the main window.
 void click_options(App& app, const DialogAnswers& answers) {

@@ -1,7 +1,6 @@
 #include "ui/main_window.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "app/debug_log.h"
 #include "app/driver.h"
@@ -185,9 +184,8 @@ void MainWindow::open_path(const std::string& path) {
   if (!app.main.mnuOpen_file.enabled)
     return refuse(
         {"Varnisto.ini がまだ作成されていません", "ﾒﾆｭｰの[ 環境 ]よりVarnisto.ini を作成して下さい"});
-  std::error_code failure;
-  const auto file = find_file(std::filesystem::absolute(path, failure).lexically_normal().string());
-  if (!file || std::filesystem::is_directory(*file, failure)) return refuse({path, "がありません。"});
+  const auto file = find_file(absolute_path(path));
+  if (!file || !is_plain_file(*file)) return refuse({path, "がありません。"});
   const OpenMenu* menu = open_menu_for(pieces_of(*file).ext);
   if (!menu)
     return refuse(

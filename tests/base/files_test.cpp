@@ -124,7 +124,8 @@ TEST(Fields, AreReadOverLineEnds) {
        rows_of(Row{"a,b\nc", {"a", "b", "c"}}, Row{" a , b \n", {"a", "b"}},
                Row{"\"a, b\" ,c", {"a, b", "c"}}, Row{"\" a \"", {" a "}}, Row{"a,\nb", {"a", "", "b"}},
                Row{"\n\n", {"", ""}}, Row{"\"open,b\nc", {"open,b", "c"}}, Row{",", {"", ""}},
-               Row{"a\"b\",c", {"a\"b\"", "c"}}, Row{"", {}})) {
+               Row{",,,a\n\"\",,b", {"", "", "", "a", "", "", "b"}}, Row{"a\"b\",c", {"a\"b\"", "c"}},
+               Row{"", {}})) {
     SCOPED_TRACE(row.text);
     FieldReader reader{TextReader::from_bytes(row.text)};
     Strings fields;
@@ -167,7 +168,23 @@ TEST(Files, ReplacingKeepsPermissionsAndFollowsLinks) {
   EXPECT_TRUE(fs::is_symlink(dir.path() + "link.ini"));
   EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_EQ(error_of([&] { replace_file(dir.path() + "none/x.ini", ""); }), 76);
+  move_file(dir.write("fresh", "newer"), dir.path() + "link.ini");
+  EXPECT_EQ(dir.read("real.ini"), "newer");
+  EXPECT_TRUE(fs::is_symlink(dir.path() + "link.ini"));
+  EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_EQ(dir.files().size(), 2U);  // no scratch file stays
+}
+
+TEST(Files, AbsolutePathsHoldNoDotsAndFollowLinksInFrontOfThem) {
+  TempDir dir;
+  fs::create_directories(dir.path() + "real/inner");
+  fs::create_symlink(dir.path() + "real/inner", dir.path() + "link");
+  const std::string plain = dir.path() + "a.b/log.all";
+  EXPECT_EQ(absolute_path(plain), plain);
+  EXPECT_EQ(absolute_path(dir.path() + "link/log.all"), dir.path() + "link/log.all");
+  EXPECT_EQ(absolute_path(dir.path() + "link/../log.all"), dir.path() + "real/log.all");
+  EXPECT_EQ(absolute_path(dir.path() + "./none/../log.all"), dir.path() + "log.all");
+  EXPECT_EQ(absolute_path("log.all"), fs::current_path().string() + "/log.all");
 }
 
 }  // namespace
