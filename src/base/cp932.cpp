@@ -22,7 +22,7 @@ void append_escape(std::string& out, unsigned char byte) {
 
 bool is_escape(std::string_view text) {
   return text.size() >= escape_size && text.starts_with(escape_lead) &&
-         (text[2] == '\xBA' || text[2] == '\xBB');
+         (text[2] == '\xBA' || text[2] == '\xBB') && is_continuation(text[3]);
 }
 
 char escaped_byte(std::string_view text) {
@@ -35,8 +35,7 @@ std::size_t sequence_size(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text[0]);
   const std::size_t wanted = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
   std::size_t size = 1;
-  while (size < wanted && size < text.size() && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U)
-    ++size;
+  while (size < wanted && size < text.size() && is_continuation(text[size])) ++size;
   return size == wanted ? size : 1;
 }
 

@@ -42,7 +42,8 @@ bool take_field(std::string_view& rest, std::string_view& field, std::string& ro
 /// The same with a field of its own.
 bool take_field(std::string_view& rest, std::string& field);
 
-/// Sets `line` to one record of a scratch file: every field in double quotes, commas between them.
+/// Sets `line` to one record of a scratch file: every field in double quotes, commas between them. There
+/// is at least one, and none is part of `line`.
 void set_quoted_fields(std::string& line, std::initializer_list<std::string_view> fields);
 
 }  // namespace varnisto

@@ -25,7 +25,7 @@ namespace varnisto {
   return end;
 }
 
-/// Equality of two texts.
+/// Equality of two texts, without a call for the short ones.
 inline bool same_text(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   if (a.size() > longest_word_pair) return a == b;

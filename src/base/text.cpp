@@ -8,10 +8,6 @@
 namespace varnisto {
 namespace {
 
-constexpr bool is_continuation(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
 char ascii_upper(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }

@@ -48,6 +48,11 @@ inline bool is_ascii(std::string_view text) {
          });
 }
 
+/// True for the second and later bytes of a UTF-8 character.
+constexpr bool is_continuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 /// Number of characters in a UTF-8 text. An ill-formed byte counts as one character.
 inline std::size_t char_count(std::string_view text) {
   return is_ascii(text) ? text.size() : detail::char_count_wide(text);

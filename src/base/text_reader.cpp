@@ -83,8 +83,8 @@ bool TextReader::take_other(std::string_view& line) {
   if (const std::size_t stop = line.find(end_of_text); stop != std::string_view::npos) {
     begin_ = end_;
     ended_ = true;
-    if (stop == 0) return false;
     line = line.substr(0, stop);
+    if (stop == 0) return false;
   }
   ascii_ = is_ascii(line);
   if (ascii_) return true;

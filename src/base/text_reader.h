@@ -47,7 +47,7 @@ class TextReader {
   std::size_t begin_ = 0;  ///< first byte not yet handed out
   std::size_t end_ = 0;    ///< end of what was read
   bool ended_ = false;     ///< nothing more to read
-  bool plain_ = true;      ///< what was read and not yet handed out is ASCII without a character 26
+  bool plain_ = true;      ///< surely ASCII without a character 26: what was read and not yet handed out
   bool ascii_ = true;
   std::size_t line_number_ = 0;
   std::string decoded_;

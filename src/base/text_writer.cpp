@@ -29,16 +29,17 @@ void TextWriter::make_room(std::size_t size) {
 }
 
 void TextWriter::flush() {
-  if (!is_ascii(pending_.first(used_))) encode();
+  if (!is_ascii(pending_.first(used_).substr(encoded_size_))) encode();
+  encoded_size_ = used_;  // should the file refuse them, the next attempt finds them so
   file_.write(pending_.first(used_));
-  used_ = 0;
+  used_ = encoded_size_ = 0;
 }
 
 /// Brings the lines to the file's code page where they are: it takes no more bytes than UTF-8 for any
 /// character. Most lines are plain even where some are not.
 void TextWriter::encode() {
-  std::string_view lines = pending_.first(used_);
-  used_ = 0;
+  std::string_view lines = pending_.first(used_).substr(encoded_size_);
+  used_ = encoded_size_;
   while (!lines.empty()) {
     std::string_view line = lines.substr(0, lines.find('\n') + 1);
     lines.remove_prefix(line.size());
@@ -49,6 +50,7 @@ void TextWriter::encode() {
     }
     std::memmove(pending_.data() + used_, line.data(), line.size());
     used_ += line.size();
+    encoded_size_ = used_;
   }
 }
 

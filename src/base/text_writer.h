@@ -34,8 +34,9 @@ class TextWriter final : public LineSink {
 
   FileHandle file_;
   Unmappable policy_;
-  ByteBuffer pending_;    ///< room for the lines that are collected
-  std::size_t used_ = 0;  ///< bytes of it
+  ByteBuffer pending_;            ///< room for the lines that are collected
+  std::size_t used_ = 0;          ///< bytes of it
+  std::size_t encoded_size_ = 0;  ///< those that are in the file's code page
   CodePage code_page_;
   std::string encoded_;
 };

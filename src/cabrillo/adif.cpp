@@ -74,7 +74,7 @@ std::string_view AdifRecords::text_of(Field& field, std::string_view value) {
 }
 
 std::string_view AdifRecords::band_of(std::string_view frequency) {
-  if (!same_text(frequency, frequency_.source))
+  if (!same_text(frequency, frequency_.source))  // the one of the record before
     if (const auto name = freq_band(frequency)) band_ = *name;
   return band_;
 }

@@ -189,7 +189,7 @@ bool FileProfile::exists(const std::string& path) {
 }
 
 const ProfileText& FileProfile::load(const std::string& path) {
-  if (path == stamp_.path && stamp_of(path) == stamp_) return text_;
+  if (!path.empty() && path == stamp_.path && stamp_of(path) == stamp_) return text_;
   const auto found = find_file(path);
   const Stamp stamp = found ? stamp_of(*found) : Stamp{};
   if (stamp == stamp_ && !stamp.path.empty()) return text_;
