@@ -138,7 +138,7 @@ void Varnisto_op3_color_0(App& app) {
 
 void store_check_box(App& app, int number) {
   const FlagBox& pair = flag_boxes[number - 1];
-  app.state.settings.*pair.flag = (app.main.*pair.box).checked ? "1" : "0";
+  (app.state.settings.*pair.flag).assign(1, (app.main.*pair.box).checked ? '1' : '0');
 }
 
 void restore_options(App& app) {
