@@ -52,11 +52,14 @@ void put_report(const App& app, const ActionResult& result, std::ostream& out) {
     put_field(out, "refused", replace_all(result.text, "\r\n", " "));
     return;
   }
-  put_field(out, "kind", input.in_kind + " (" + input.zsm_kind + ", " + app.state.contest.select_from + ")");
+  const bool is_log = !input.in_kind.empty();  // else a Cabrillo file, which tells no more of itself
+  put_field(out, "kind",
+            is_log ? input.in_kind + " (" + input.zsm_kind + ", " + app.state.contest.select_from + ")"
+                   : input.in_type);
   put_field(out, "contest", app.state.contest.contest);
   put_field(out, "call sign", app.state.settings.mycall);
   put_field(out, "category", app.state.category.cat_summary);
-  put_field(out, "score", std::to_string(app.state.tally.total_score));
+  if (is_log) put_field(out, "score", std::to_string(app.state.tally.total_score));
   put_field(out, "QSOs", std::to_string(input.qsos_written));
   if (input.lines_dropped > 0)
     put_field(out, "left out", std::to_string(input.lines_dropped) + " (no received report)");

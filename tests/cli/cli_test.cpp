@@ -83,6 +83,7 @@ TEST_F(Cli, SettingsAreWrittenAndPrinted) {
 TEST_F(Cli, ToZlogWritesALoggersText) {
   EXPECT_EQ(run({"to-zlog", work.write_text("my.cbr", "QSO:  7000 CW 2025-11-29 0012\n")}), 0) << err.str();
   EXPECT_TRUE(contains(work.read_text("my_c2z.txt"), "\n 11  29 0012  "));
+  EXPECT_TRUE(contains(out.str(), "\n  kind      cbr\n  QSOs      1\n  written ")) << out.str();
 }
 
 }  // namespace
