@@ -5,6 +5,7 @@
 #include "base/files.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
+#include "cabrillo/writer.h"
 
 namespace varnisto {
 namespace {
@@ -82,6 +83,8 @@ void cbr_2_zlog_txt(App& app) {
   app.main.kaishi.enabled = true;
   app.main.lblShori.text = "処理終了";
   app.main.lblShori.color = Color::blue;
+  if (input.qsos_written == 0)
+    show_text(app, std::string{no_qso_text}, Color::red);  // no Cabrillo log, perhaps
   delete_numbered(input.out_name + "_");
   delete_file(input.out_name + "2");
 }

@@ -5,6 +5,7 @@
 #include "app/driver.h"
 #include "app/open_input.h"
 #include "base/text.h"
+#include "cabrillo/writer.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 
@@ -93,6 +94,7 @@ TEST(ToZlogRun, TakesQsoLinesOnly) {
                                                  "END-OF-LOG:\n"));
   kaishi_Click(test.app);
   EXPECT_EQ(test.work.read_text("log_c2z.txt"), std::string{zlog_text_titles} + "\n");
+  EXPECT_EQ(test.app.main.Text1.text, no_qso_text);
 }
 
 }  // namespace
