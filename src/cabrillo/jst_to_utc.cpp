@@ -15,7 +15,7 @@ namespace varnisto {
 namespace {
 
 constexpr std::chrono::hours japan_ahead{9};
-constexpr int first_year = 100;
+constexpr unsigned first_year = 100;
 
 constexpr Columns col_date{15, 10}, col_time{26, 4};
 constexpr std::size_t col_own_call = 31;
@@ -23,17 +23,21 @@ constexpr std::size_t col_own_call = 31;
 constexpr std::array<std::string_view, 12> month_names = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                           "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-/// The number that these digits write; -1 when one of them is no digit.
-int number_of(std::string_view digits) {
-  int value = 0;
-  for (const char c : digits) {
-    if (c < '0' || c > '9') return -1;
-    value = value * 10 + (c - '0');
+/// The number that `width` digits write; nothing when one of them is no digit.
+template <std::size_t width>
+std::optional<unsigned> number_at(const char* digits) {
+  unsigned value = 0;
+  bool valid = true;
+  for (std::size_t i = 0; i < width; ++i) {
+    const unsigned digit = static_cast<unsigned char>(digits[i]) - unsigned{'0'};
+    valid = valid && digit <= 9;
+    value = value * 10 + digit;
   }
-  return value;
+  return valid ? std::optional{value} : std::nullopt;
 }
 
-void put_digits(char* to, std::size_t width, unsigned value) {
+template <std::size_t width>
+void put_digits(char* to, unsigned value) {
   for (std::size_t i = width; i > 0; --i, value /= 10) to[i - 1] = static_cast<char>('0' + value % 10);
 }
 
@@ -43,13 +47,12 @@ bool is_date_separator(char c) {
 
 std::optional<std::chrono::year_month_day> read_date(std::string_view date) {
   if (date.size() != 10 || !is_date_separator(date[4]) || !is_date_separator(date[7])) return std::nullopt;
-  const int year = number_of(date.substr(0, 4));
-  const int month = number_of(date.substr(5, 2));
-  const int day = number_of(date.substr(8, 2));
-  if (year < first_year || month < 0 || day < 0) return std::nullopt;
-  const std::chrono::year_month_day read{std::chrono::year{year},
-                                         std::chrono::month{static_cast<unsigned>(month)},
-                                         std::chrono::day{static_cast<unsigned>(day)}};
+  const auto year = number_at<4>(date.data());
+  const auto month = number_at<2>(date.data() + 5);
+  const auto day = number_at<2>(date.data() + 8);
+  if (!year || !month || !day || *year < first_year) return std::nullopt;
+  const std::chrono::year_month_day read{std::chrono::year{static_cast<int>(*year)},
+                                         std::chrono::month{*month}, std::chrono::day{*day}};
   return read.ok() ? std::optional{read} : std::nullopt;
 }
 
@@ -58,10 +61,10 @@ std::optional<std::chrono::year_month_day> read_date(std::string_view date) {
 std::optional<LogMinute> read_minute(std::string_view date, std::string_view hhmm) {
   const auto day = read_date(date);
   if (!day || hhmm.size() != 4) return std::nullopt;
-  const int hour = number_of(hhmm.substr(0, 2));
-  const int minute = number_of(hhmm.substr(2, 2));
-  if (hour < 0 || hour > 23 || minute < 0 || minute > 59) return std::nullopt;
-  return std::chrono::sys_days{*day} + std::chrono::hours{hour} + std::chrono::minutes{minute};
+  const auto hour = number_at<2>(hhmm.data());
+  const auto minute = number_at<2>(hhmm.data() + 2);
+  if (!hour || !minute || *hour > 23 || *minute > 59) return std::nullopt;
+  return std::chrono::sys_days{*day} + std::chrono::hours{*hour} + std::chrono::minutes{*minute};
 }
 
 MinuteText minute_text(LogMinute minute) {
@@ -69,24 +72,29 @@ MinuteText minute_text(LogMinute minute) {
   const std::chrono::year_month_day date{day};
   const auto minutes = static_cast<unsigned>((minute - day).count());
   MinuteText text{};
-  put_digits(text.date_chars.data(), 4, static_cast<unsigned>(static_cast<int>(date.year())));
-  put_digits(text.date_chars.data() + 5, 2, static_cast<unsigned>(date.month()));
-  put_digits(text.date_chars.data() + 8, 2, static_cast<unsigned>(date.day()));
+  put_digits<4>(text.date_chars.data(), static_cast<unsigned>(static_cast<int>(date.year())));
+  put_digits<2>(text.date_chars.data() + 5, static_cast<unsigned>(date.month()));
+  put_digits<2>(text.date_chars.data() + 8, static_cast<unsigned>(date.day()));
   text.date_chars[4] = text.date_chars[7] = '-';
-  put_digits(text.time_chars.data(), 2, minutes / 60);
-  put_digits(text.time_chars.data() + 2, 2, minutes % 60);
+  put_digits<2>(text.time_chars.data(), minutes / 60);
+  put_digits<2>(text.time_chars.data() + 2, minutes % 60);
   return text;
 }
 
 std::optional<MinuteText> nine_hours_back(std::string_view date, std::string_view hhmm) {
-  constexpr LogMinute first = std::chrono::sys_days{std::chrono::year{first_year} / std::chrono::January / 1};
+  constexpr LogMinute first =
+      std::chrono::sys_days{std::chrono::year{int{first_year}} / std::chrono::January / 1};
   const auto minute = read_minute(date, hhmm);
   if (!minute || *minute - japan_ahead < first) return std::nullopt;
   return minute_text(*minute - japan_ahead);
 }
 
 bool J2U(std::string& line) {
-  const TextLine columns{line};
+  return J2U(line, is_ascii(line));
+}
+
+bool J2U(std::string& line, bool ascii) {
+  const TextLine columns{line, ascii};
   const auto utc = nine_hours_back(columns.cut(col_date), columns.cut(col_time));
   if (!utc) return false;
   std::array<char, 16> text{};
@@ -104,7 +112,7 @@ std::string J2U_qtc(std::string_view date, std::string_view time) {
   if (!utc) throw RunTimeError(RunTimeError::type_mismatch, std::string{date}.append(" ").append(time));
   const std::string_view day = utc->date();
   std::string text{day.substr(8, 2)};
-  text.append(" ").append(month_names.at(static_cast<std::size_t>(number_of(day.substr(5, 2))) - 1));
+  text.append(" ").append(month_names.at(number_at<2>(day.data() + 5).value() - 1));
   return text.append(" ").append(day.substr(0, 4)).append("  ").append(utc->time()).append("z");
 }
 
@@ -121,7 +129,8 @@ void conv_J2U(App& app) {
   for (std::string_view line; log.next(line);) {
     if (line.starts_with("QSO:")) {
       utc_line = line;
-      if (!J2U(utc_line)) throw RunTimeError(RunTimeError::type_mismatch, log.place() + ": " + utc_line);
+      if (!J2U(utc_line, log.ascii()))
+        throw RunTimeError(RunTimeError::type_mismatch, log.place() + ": " + utc_line);
       line = utc_line;
     }
     out.put(line);

@@ -35,6 +35,8 @@ std::optional<MinuteText> nine_hours_back(std::string_view date, std::string_vie
 /// Moves date and time of a Cabrillo QSO line nine hours back, in place; every other column stays. False, and
 /// the line as it was, when its columns hold no date and time.
 bool J2U(std::string& line);
+/// The same for a line that is known to be plain ASCII, or known not to be.
+bool J2U(std::string& line, bool ascii);
 
 /// Nine hours before a date (yyyy/mm/dd) and a time (hh:mm), in the form of the QTC log: "23 Nov 2002 0512z".
 /// Throws RunTimeError 13 when they are no date and time.
