@@ -7,6 +7,7 @@
 
 #include "base/columns.h"
 #include "base/cp932.h"
+#include "base/text.h"
 #include "cabrillo/jst_to_utc.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -15,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string before;
   code_page.decode({reinterpret_cast<const char*>(data), size}, before);
   std::string after = before;
-  const bool moved = J2U(after);
+  const bool moved = J2U(after, is_ascii(after));
   const TextLine old_line{before}, new_line{after};
   const auto japan = read_minute(old_line.cut({15, 10}), old_line.cut({26, 4}));
   if (!moved) {

@@ -50,12 +50,10 @@ std::string behind_links(const std::string& path) {
 std::string absolute_path(const std::string& path) {
   std::error_code failure;
   const fs::path whole = fs::absolute(path, failure);
-  const fs::path folder = whole.parent_path();
-  if (std::ranges::none_of(folder, [](const fs::path& name) { return name == "." || name == ".."; }))
-    return whole.string();
+  if (std::ranges::find(whole, fs::path{".."}) == whole.end()) return whole.lexically_normal().string();
   // Behind a link, "a/.." need not be where it seems: the folders that are there tell.
-  const fs::path resolved = fs::weakly_canonical(folder, failure);
-  return failure ? whole.string() : (resolved / whole.filename()).string();
+  const fs::path folder = fs::weakly_canonical(whole.parent_path(), failure);
+  return failure ? whole.string() : (folder / whole.filename()).string();
 }
 
 std::string_view file_part(std::string_view path) {

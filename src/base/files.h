@@ -13,7 +13,7 @@ namespace varnisto {
 inline constexpr char path_separator = '/';
 
 /// The path from the root, without "." and ".." among its folders: names are made by cutting a path at its
-/// first ".". The file need not exist.
+/// first ".". The file need not exist; that of a folder ends in a separator.
 std::string absolute_path(const std::string& path);
 
 /// The name of the existing file `path` as the folder spells it; nothing when there is none.

@@ -89,10 +89,6 @@ std::optional<MinuteText> nine_hours_back(std::string_view date, std::string_vie
   return minute_text(*minute - japan_ahead);
 }
 
-bool J2U(std::string& line) {
-  return J2U(line, is_ascii(line));
-}
-
 bool J2U(std::string& line, bool ascii) {
   const TextLine columns{line, ascii};
   const auto utc = nine_hours_back(columns.cut(col_date), columns.cut(col_time));

@@ -33,9 +33,7 @@ MinuteText minute_text(LogMinute minute);
 std::optional<MinuteText> nine_hours_back(std::string_view date, std::string_view hhmm);
 
 /// Moves date and time of a Cabrillo QSO line nine hours back, in place; every other column stays. False, and
-/// the line as it was, when its columns hold no date and time.
-bool J2U(std::string& line);
-/// The same for a line that is known to be plain ASCII, or known not to be.
+/// the line as it was, when its columns hold no date and time. `ascii`: is_ascii() of the line.
 bool J2U(std::string& line, bool ascii);
 
 /// Nine hours before a date (yyyy/mm/dd) and a time (hh:mm), in the form of the QTC log: "23 Nov 2002 0512z".

@@ -189,10 +189,11 @@ bool FileProfile::exists(const std::string& path) {
 }
 
 const ProfileText& FileProfile::load(const std::string& path) {
-  if (!path.empty() && path == stamp_.path && stamp_of(path) == stamp_) return text_;
+  const auto is_current = [this](const Stamp& stamp) { return !stamp.path.empty() && stamp == stamp_; };
+  if (path == stamp_.path && is_current(stamp_of(path))) return text_;
   const auto found = find_file(path);
   const Stamp stamp = found ? stamp_of(*found) : Stamp{};
-  if (stamp == stamp_ && !stamp.path.empty()) return text_;
+  if (is_current(stamp)) return text_;
   text_ = found ? ProfileText{read_file(*found)} : ProfileText{};
   stamp_ = stamp;
   return text_;

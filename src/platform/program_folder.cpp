@@ -19,10 +19,7 @@ std::string environment(const char* name) {
 
 /// An absolute folder name with its separator at the end.
 std::string as_folder(const fs::path& path) {
-  std::error_code failure;
-  std::string folder = fs::absolute(path, failure).lexically_normal().string();
-  if (!folder.ends_with(path_separator)) folder += path_separator;
-  return folder;
+  return absolute_path((path / "").string());
 }
 
 std::string executable_folder() {

@@ -55,6 +55,10 @@ TEST(Cp932, AHalfCharacterAtTheEndSurvives) {
     EXPECT_EQ(to_cp932(from_cp932(bytes)), bytes);
 }
 
+TEST(Cp932, PartOfAnEscapeIsNone) {
+  EXPECT_EQ(to_cp932(std::string{escape_lead} + "\xBA\r", Unmappable::question_mark), "???\r");
+}
+
 TEST(Cp932, AStrayLeadByteDoesNotSwallowARespeltCharacter) {
   const std::string bytes = "\xEE\xEE\xEE\x72";  // no character, then the second spelling of one
   const std::string again = to_cp932(from_cp932(bytes));

@@ -1,7 +1,9 @@
 #include "base/files.h"
 
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "base/fields.h"
 #include "base/text_reader.h"
@@ -115,6 +117,24 @@ TEST(TextWriter, AWriteThatFailsIsAnError) {
   EXPECT_EQ(error_of([&] { writer.close(); }), 5);
 }
 
+TEST(TextWriter, LinesThatTheDiskRefusedAreEncodedOnce) {
+  TempDir dir;
+  TextWriter writer{dir.path() + "out"};
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const auto on_full = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full{0, limit.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &full);
+  writer.put("表");
+  const int error = error_of([&] { writer.flush(); });
+  setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, on_full);
+  EXPECT_NE(error, 0);
+  writer.put("ｶ");
+  writer.close();
+  EXPECT_EQ(dir.read("out"), "\x95\x5C\r\n\xB6\r\n");
+}
+
 TEST(Fields, AreReadOverLineEnds) {
   struct Row {
     std::string text;
@@ -183,6 +203,8 @@ TEST(Files, AbsolutePathsHoldNoDotsAndFollowLinksInFrontOfThem) {
   EXPECT_EQ(absolute_path(plain), plain);
   EXPECT_EQ(absolute_path(dir.path() + "link/log.all"), dir.path() + "link/log.all");
   EXPECT_EQ(absolute_path(dir.path() + "link/../log.all"), dir.path() + "real/log.all");
+  EXPECT_EQ(absolute_path(dir.path() + "link/../"), dir.path() + "real/");
+  EXPECT_EQ(absolute_path(dir.path() + "./link//"), dir.path() + "link/");
   EXPECT_EQ(absolute_path(dir.path() + "./none/../log.all"), dir.path() + "log.all");
   EXPECT_EQ(absolute_path("log.all"), fs::current_path().string() + "/log.all");
 }

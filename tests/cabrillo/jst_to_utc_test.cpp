@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 
@@ -25,23 +26,23 @@ TEST(JstToUtc, MovesDateAndTimeOfAQsoLine) {
     const std::string rest = " QX1ABC        599 25     QX2DEF        599 05     ";
     std::string line = start + japan + rest;
     const std::string before = line;
-    EXPECT_EQ(J2U(line), !utc.empty());
+    EXPECT_EQ(J2U(line, is_ascii(line)), !utc.empty());
     EXPECT_EQ(line, utc.empty() ? before : start + utc + rest);
   }
 }
 
 TEST(JstToUtc, CountsColumnsInCharacters) {
   std::string line = "QSO: 表7000 CW 2002-11-24 0300 QX1ABC";
-  ASSERT_TRUE(J2U(line));
+  ASSERT_TRUE(J2U(line, is_ascii(line)));
   EXPECT_EQ(line, "QSO: 表7000 CW 2002-11-23 1800 QX1ABC");
 }
 
 TEST(JstToUtc, TakesALineThatEndsBehindTheTime) {
   std::string line = "QSO: 14025 CW 2002-11-24 0300";
-  ASSERT_TRUE(J2U(line));
+  ASSERT_TRUE(J2U(line, is_ascii(line)));
   EXPECT_EQ(line, "QSO: 14025 CW 2002-11-23 1800 ");
   line = "QSO: 14025 CW 2002-11-24 030";
-  EXPECT_FALSE(J2U(line));
+  EXPECT_FALSE(J2U(line, is_ascii(line)));
 }
 
 TEST(JstToUtc, GivesTheDateOfTheQtcLog) {
