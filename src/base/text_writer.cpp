@@ -30,7 +30,6 @@ void TextWriter::make_room(std::size_t size) {
 
 void TextWriter::flush() {
   if (!is_ascii(pending_.first(used_).substr(encoded_size_))) encode();
-  encoded_size_ = used_;  // should the file refuse them, the next attempt finds them so
   file_.write(pending_.first(used_));
   used_ = encoded_size_ = 0;
 }
@@ -50,7 +49,7 @@ void TextWriter::encode() {
     }
     std::memmove(pending_.data() + used_, line.data(), line.size());
     used_ += line.size();
-    encoded_size_ = used_;
+    encoded_size_ = used_;  // should the file refuse them, the next attempt finds them so
   }
 }
 
