@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of a purpose ("cli", "test", "lint", "bench", "fuzz") that are missing; says nothing when
-# none is.
+# Installs the Debian packages of a purpose ("cli", "test", "lint", "bench", "fuzz", "faults") that are missing; says
+# nothing when none is.
 set -euo pipefail
 
 packages_cli=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
@@ -8,6 +8,7 @@ packages_test=("${packages_cli[@]}" googletest libgtest-dev qt6-base-dev libgl-d
 packages_lint=(clang-format clang-tidy)
 packages_bench=("${packages_cli[@]}" libbenchmark-dev qt6-base-dev libgl-dev)
 packages_fuzz=("${packages_cli[@]}" clang libclang-rt-14-dev)
+packages_faults=(strace python3)
 
 declare -n packages="packages_${1:-test}"
 missing=()
