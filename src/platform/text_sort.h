@@ -4,7 +4,7 @@
 
 namespace varnisto {
 
-/// Sorts text files in memory.
+/// Sorts text files beside their output, in little memory.
 class FileTextSort final : public TextSort {
  public:
   /// Throws RunTimeError 5 for a command it does not understand, 53, 61 for files.
