@@ -31,7 +31,7 @@ std::string two_digits(int value) {
 class Setting {
  public:
   explicit Setting(int count) : app{platform_, desk_} {
-    const std::string folder = scratch_folder(app);
+    const std::string folder = app.tmp_dir.path();
     InputState& input = app.state.input;
     app.state.settings.mycall = "QX1ABC";
     app.state.settings.mycall14 = pad_right("QX1ABC", 14);
@@ -41,8 +41,8 @@ class Setting {
     input.out_name = folder + "QX1ABC.cbr";
     input.adi_name = folder + "QX1ABC.adi";
     input.qlg_name = folder + "QX1ABC.qlg";
-    TextWriter all{input.in_name};
-    TextWriter log{input.out_name};
+    TextWriter all = TextWriter::scratch(input.in_name);
+    TextWriter log = TextWriter::scratch(input.out_name);
     all.put("zLog for Windows ");
     log.put("START-OF-LOG: 3.0");
     for (int i = 0; i < count; ++i) put_qso(i, all, log);
@@ -50,9 +50,12 @@ class Setting {
     all.close();
     log.close();
   }
-  ~Setting() { remove_scratch_folder(app); }
 
-  void forget_outputs() { app.state.input.outputs.clear(); }
+  /// The step's outputs take their names, as at the end of a run.
+  void end_run() {
+    app.outputs.commit();
+    app.state.input.outputs.clear();
+  }
 
  private:
   static void put_qso(int i, TextWriter& all, TextWriter& log) {
@@ -90,7 +93,7 @@ void run(benchmark::State& state, void (*step)(App&)) {
   Setting setting{count};
   for (auto _ : state) {
     step(setting.app);
-    setting.forget_outputs();
+    setting.end_run();
   }
   state.SetItemsProcessed(state.iterations() * count);
   state.counters["s_per_qso"] =

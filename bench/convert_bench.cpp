@@ -81,21 +81,31 @@ BENCHMARK(open_and_convert)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::
 
 void write_alone(benchmark::State& state) {
   OpenedLog log{static_cast<std::size_t>(state.range(0))};
-  for (auto _ : state) zlog_all_zsm_print(log.app);
+  for (auto _ : state) {
+    zlog_all_zsm_print(log.app);
+    log.app.outputs.commit();
+  }
   log.count(state);
 }
 BENCHMARK(write_alone)->Arg(30000)->Unit(benchmark::kMillisecond);
 
 void copy_alone(benchmark::State& state) {
   OpenedLog log{static_cast<std::size_t>(state.range(0))};
-  for (auto _ : state) copy_file(log.app.state.input.out_name, log.app.state.input.log_name);
+  const InputState& input = log.app.state.input;
+  for (auto _ : state) {
+    copy_file(input.out_name, log.app.outputs.create(input.log_name));
+    log.app.outputs.commit();
+  }
   log.count(state);
 }
 BENCHMARK(copy_alone)->Arg(30000)->Unit(benchmark::kMillisecond);
 
 void check_alone(benchmark::State& state) {
   OpenedLog log{static_cast<std::size_t>(state.range(0))};
-  for (auto _ : state) check_Cabrillo_sub(log.app);
+  for (auto _ : state) {
+    check_Cabrillo_sub(log.app);
+    log.app.outputs.commit();
+  }
   log.count(state);
 }
 BENCHMARK(check_alone)->Arg(30000)->Unit(benchmark::kMillisecond);

@@ -39,11 +39,11 @@ std::string all_line(std::size_t number) {
 }
 
 void make_log(const std::string& stem, std::size_t qsos) {
-  TextWriter log{stem + ".all"};
+  TextWriter log = TextWriter::scratch(stem + ".all");
   log.put("zLog for Windows ");
   for (std::size_t i = 0; i < qsos; ++i) log.put(all_line(i));
   log.close();
-  TextWriter summary{stem + ".zsm"};
+  TextWriter summary = TextWriter::scratch(stem + ".zsm");
   for (const char* line : {"CQWW DX Contest 2025", "", "Call sign: QX1ABC", "",
                            "Category: Single-op All band CW", "", "Total score : 1234567"})
     summary.put(line);

@@ -2,9 +2,12 @@
 
 #include <array>
 #include <iterator>
+#include <optional>
+#include <utility>
 
 #include "base/columns.h"
 #include "base/files.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_writer.h"
 
@@ -97,9 +100,47 @@ class Checker {
     report_.put("");
   }
 
-  void found(std::string_view message) { result.findings.emplace_back(trim(message)); }
+  void found(std::string_view message) {
+    if (++result.finding_count <= static_cast<std::int64_t>(most_findings))
+      result.findings.emplace_back(trim(message));
+  }
 
   LineSink& report_;
+};
+
+std::string report_name(const App& app) {
+  return app.state.program.app_dir + "check_Cabrillo.txt";
+}
+
+/// The report's file. The first failure gives it up with a notice: the log is worth more than its report.
+class ReportFile final : public LineSink {
+ public:
+  ReportFile(App& app, std::string path) : app_(app), path_(std::move(path)) {
+    attempt([this] { file_.emplace(app_.outputs.create(path_, Need::dispensable)); });
+  }
+  void put(std::string_view line) override {
+    if (file_) attempt([&] { file_->put(line); });
+  }
+  void close() {
+    if (file_) attempt([this] { file_->close(); });
+  }
+  bool is_whole() const { return file_.has_value(); }
+
+ private:
+  template <class Work>
+  void attempt(Work work) {
+    try {
+      work();
+    } catch (const RunTimeError& error) {
+      file_.reset();
+      app_.outputs.give_up(path_);
+      add_notice(app_, describe(error));
+    }
+  }
+
+  App& app_;
+  std::string path_;
+  std::optional<TextWriter> file_;
 };
 
 }  // namespace
@@ -117,18 +158,19 @@ CheckResult check_cabrillo(TextReader& log, const std::string& in_name, const st
 CheckResult check_Cabrillo_sub(App& app) {
   app.trace.line("Public Sub check_Cabrillo_sub()");
   const InputState& input = app.state.input;
-  const std::string report_name = app.state.program.app_dir + "check_Cabrillo.txt";
-  TextReader log{input.out_name};
-  TextWriter report{report_name, Unmappable::question_mark};
+  TextReader log = read_text(app, input.out_name);
+  ReportFile report{app, report_name(app)};
   CheckResult result = check_cabrillo(log, input.in_name, input.out_name, report);
   report.close();
-  if (result.errors == 0) {
-    delete_file(report_name);
-  } else {
-    app.state.display.disp_name = report_name;
-    app.desk.show(FormName::frmDisp2);
-  }
+  if (result.errors == 0 && report.is_whole()) app.outputs.remove(report_name(app));
   return result;
+}
+
+void show_check_report(App& app) {
+  const std::string name = report_name(app);
+  if (!file_exists(name)) return;
+  app.state.display.disp_name = name;
+  app.desk.show(FormName::frmDisp2);
 }
 
 }  // namespace varnisto

@@ -11,11 +11,15 @@
 
 namespace varnisto {
 
+/// Most messages that are kept.
+inline constexpr std::size_t most_findings = 1000;
+
 /// What the checker found.
 struct CheckResult {
   std::int32_t errors = 0;            ///< findings: header tags and QSO lines
   std::int32_t qsos = 0;              ///< lines that hold "QSO:"
-  std::vector<std::string> findings;  ///< every message, trimmed
+  std::int64_t finding_count = 0;     ///< messages
+  std::vector<std::string> findings;  ///< the first of them, trimmed
 };
 
 /// Checks a Cabrillo file and writes the report: the two names, then the findings among one empty line for
@@ -23,8 +27,10 @@ struct CheckResult {
 CheckResult check_cabrillo(TextReader& log, const std::string& in_name, const std::string& out_name,
                            LineSink& report);
 
-/// Checks `out_name` into check_Cabrillo.txt in the program folder. A report with findings is shown in the
-/// viewer; one without is deleted. Throws RunTimeError when a file cannot be read or written.
+/// Checks `out_name` into check_Cabrillo.txt in the program folder; a report without findings is deleted.
+/// That it cannot be written is a notice. Throws RunTimeError when the log cannot be read.
 CheckResult check_Cabrillo_sub(App& app);
+/// Shows the report in the viewer when it could be written.
+void show_check_report(App& app);
 
 }  // namespace varnisto

@@ -3,21 +3,26 @@
 #include <array>
 #include <ctime>
 
-#include "base/files.h"
+#include "base/run_time_error.h"
 #include "base/text_reader.h"
 #include "core/settings.h"
 
 namespace varnisto {
 namespace {
 
-std::string log_name(const App& app) {
+/// Opens a log of its own: the name carries a number when two begin within a second.
+void open_named_log(App& app) {
   const std::tm now = app.platform.clock.now();
   std::array<char, 32> text{};
   std::strftime(text.data(), text.size(), "%Y%m%d_%H%M%S", &now);
   const std::string base = app.state.program.app_dir + text.data();
-  std::string name = base + ".txt";
-  for (int i = 2; file_exists(name); ++i) name = base + "_" + std::to_string(i) + ".txt";  // a log of its own
-  return name;
+  for (int i = 1;; ++i) {
+    try {
+      return app.trace.open(base + (i == 1 ? "" : "_" + std::to_string(i)) + ".txt");
+    } catch (const RunTimeError& error) {
+      if (error.number != RunTimeError::file_already_exists) throw;
+    }
+  }
 }
 
 void set_captions(App& app, const char* caption) {
@@ -27,7 +32,11 @@ void set_captions(App& app, const char* caption) {
 }  // namespace
 
 void open_debug_log(App& app) {
-  app.trace.open(log_name(app));
+  try {
+    open_named_log(app);
+  } catch (const RunTimeError& error) {
+    return add_notice(app, describe(error));
+  }
   if (app.platform.profile.exists(ini_path(app))) {
     TextReader ini{ini_path(app)};
     for (std::string_view line; ini.next(line);) app.trace.line(line);

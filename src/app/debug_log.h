@@ -8,7 +8,7 @@ namespace varnisto {
 void mnuDebug_mode_Click(App& app);
 
 /// Opens a debug log named after date and time in the program folder: a copy of the settings file, a rule,
-/// the input.
+/// the input. That it cannot be written is a notice.
 void open_debug_log(App& app);
 
 /// Ends the log of a completed action: "正常終了", then closed.

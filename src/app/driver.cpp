@@ -13,6 +13,7 @@
 #include "cabrillo/writer.h"
 #include "core/lists.h"
 #include "core/main_options.h"
+#include "core/paths.h"
 #include "core/settings.h"
 #include "mail/send_add.h"
 
@@ -80,24 +81,15 @@ void show_closing_notice(App& app) {
 
 void make_second_copy(App& app) {
   InputState& input = app.state.input;
-  if (contains(input.out_name, ".cbr"))
-    input.log_name = replace_all(input.out_name, ".cbr", ".log");
-  else if (contains(input.out_name, ".log"))
-    input.log_name = replace_all(input.out_name, ".log", ".cbr");
+  const std::string_view name = file_part(input.out_name);
+  if (contains(name, ".cbr"))
+    input.log_name = replace_in_name(input.out_name, ".cbr", ".log");
+  else if (contains(name, ".log"))
+    input.log_name = replace_in_name(input.out_name, ".log", ".cbr");
   else
     return;
-  copy_file(input.out_name, input.log_name);
+  copy_file(app.outputs.current(input.out_name), app.outputs.create(input.log_name));
   input.outputs.push_back(input.log_name);
-}
-
-/// Scratch files carry the name of either output and a little more.
-void delete_scratch_files(const InputState& input) {
-  for (const std::string& name : {input.out_name, input.log_name}) {
-    if (name.empty()) continue;
-    delete_numbered(name + "_");
-    delete_file(name + "2");
-  }
-  delete_file(input.out_dir + "in_name.000");
 }
 
 void begin_debug_log(App& app) {
@@ -117,8 +109,34 @@ void run_options(App& app) {
 void run_contest_steps(App& app) {
   if (contains(app.state.contest.cont_id, "WAEDC")) WAEDC_put(app);
   if (contains(app.state.contest.cont_id, "WAEDC")) get_qtc(app);
+}
+
+/// The run is done: everything that was written takes its name.
+void end_run(App& app) {
+  const InputState& input = app.state.input;
+  if (input.qsos_written == 0) throw Refusal(std::string{no_qso_text});
+  commit_outputs(app, {input.out_name, input.log_name});
+  const std::string work_file = input.out_dir + "in_name.000";  // of an earlier program
+  if (!delete_if_file(work_file)) add_notice(app, kept_file_text(work_file));
+  app.desk.hourglass(false);
+  app.main.kaishi.enabled = true;
+  app.main.lblShori.text = "処理終了";
+  app.main.lblShori.color = Color::blue;
+  app.trace.line("正常終了");
+}
+
+/// The window's text box tells the notes too; the command line has its report.
+void append_notes(App& app) {
+  std::string& text = app.main.Text1.text;
+  for (const Note& note : app.state.notes.all())
+    text.append(text.empty() ? "" : "\r\n").append(note_text(note));
+}
+
+void show_boxes(App& app) {
+  show_notices(app);
   if (contains(app.state.contest.cont_id, "JIDX") && app.state.settings.jidx_no_disp_flag == 0)
     show_jidx_notice(app);
+  show_closing_notice(app);
 }
 
 }  // namespace
@@ -140,15 +158,14 @@ void kaishi_1(App& app) {
   if (app.main.Check1.checked) app.main.mnu_mc.enabled = true;
   run_contest_steps(app);
   make_second_copy(app);
-  app.state.display.check_findings = check_Cabrillo_sub(app).findings;
+  const CheckResult check = check_Cabrillo_sub(app);
+  app.state.display.check_findings = check.findings;
+  app.state.display.finding_count = check.finding_count;
 
-  app.desk.hourglass(false);
-  app.main.kaishi.enabled = true;
-  app.main.lblShori.text = "処理終了";
-  app.main.lblShori.color = Color::blue;
-  delete_scratch_files(app.state.input);
-  app.trace.line("正常終了");
-  show_closing_notice(app);
+  end_run(app);
+  append_notes(app);
+  show_boxes(app);
+  if (check.errors > 0) show_check_report(app);
 }
 
 void kaishi_Click(App& app) {

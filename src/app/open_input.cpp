@@ -68,6 +68,7 @@ void forget_previous(App& app) {
        {&input.in_type, &input.in_kind, &input.zsm_kind, &input.zsm_use_name, &input.zsm_send_name})
     text->clear();
   app.state.display = DisplayState{};
+  app.state.notes = Notes{};
   input.out_name.clear();
   input.outputs.clear();
   app.main.lblCategory.text.clear();
@@ -121,7 +122,7 @@ void choose_summary(App& app, const Kind& kind) {
   InputState& input = app.state.input;
   const bool found = kind.looks_for_summary && file_exists(input.zsm_name);
   input.zsm_kind = std::string{kind.in_kind} + (found ? "_zsm1" : "_zsm0");
-  input.zsm_use_name = found ? input.zsm_name : replace_all(input.zsm_name, ".zsm", kind.zsm_suffix);
+  input.zsm_use_name = found ? input.zsm_name : replace_in_name(input.zsm_name, ".zsm", kind.zsm_suffix);
   input.zsm_send_name = input.zsm_use_name;
   if (!found) input.*kind.generated_name = input.zsm_use_name;
 }
@@ -131,7 +132,8 @@ void prepare(App& app, std::string_view in_kind) {
   if (in_kind == "zlog_all") {
     app.main.mnuDisp2_in.enabled = true;
     input.z2a_name_all = input.z2a_name;
-    has_qso_lines(input.in_name) ? shori_zlog_all(app) : refuse(app, no_qso_text);
+    if (const std::string_view why = why_no_all_log(input.in_name); !why.empty()) return refuse(app, why);
+    shori_zlog_all(app);
   } else if (in_kind == "zlog_zlo") {
     input.z2a_name_zlo = input.z2a_name;
     mnuMake_z2a_Click(app);
@@ -156,13 +158,11 @@ void FileOpen2(App& app) {
   app.state.category.overlay_cat.clear();
   Disp_in_name(app);
   input.in_name_save = input.in_name;
+  app.outputs.protect({input.in_name, input.in_stem + "zsm"});
   main.kaishi.enabled = main.cmdReSet.enabled = main.cmdReSelect.enabled = has_folder(input.in_name);
   derive_names(app);
   derive_output_names(app);
   if (input.in_ext_upper == "TXT" && refuse_foreign_text(app)) return;
-  input.in_zsm_upper = to_upper(input.in_name);
-  for (const std::string_view ext : {".ALL", ".TXT", ".ZLO"})
-    input.in_zsm_upper = replace_all(input.in_zsm_upper, ext, ".zsm");
 
   const auto* kind = std::ranges::find(kinds, input.in_ext_upper, &Kind::ext_upper);
   if (kind == std::end(kinds)) {
@@ -210,8 +210,11 @@ void open_chosen_cbr(App& app, const std::string& path) {
   input.in_name = input.in_name_save = path;
   app.main.lblIn.text = path;
   app.main.lblIn.color = Color::black;
-  input.out_name = path.substr(0, path.find('.')) + "_c2z.txt";
+  const std::string_view name = file_part(path);
+  input.out_name = std::string{folder_part(path)}.append(name.substr(0, name.find('.'))).append("_c2z.txt");
+  app.outputs.protect({path});
   input.in_type = "cbr";
+  app.state.notes = Notes{};
   input.in_err_flag = 0;
   MainForm& main = app.main;
   for (Label* label :

@@ -52,7 +52,7 @@ void find_settings(App& app) {
   if (app.platform.profile.exists(program.ini_name)) {
     program.ini_found = program.cfg_loaded = 1;
     read_settings(app);
-    settle_old_settings(app.state.settings);
+    settle_old_settings(app.state.settings, true);
     return;
   }
   ++program.cfg_missing;
@@ -88,7 +88,7 @@ void load_editor_state(App& app) {
   app.state.program.editor_on = has_editor ? 1 : 0;
   main.Check1.checked = has_editor;
   store_check_box(app, 1);
-  if (has_editor) return;
+  if (has_editor || !app.platform.profile.exists(ini_path(app))) return;
   write_settings(app);
   read_settings(app);
 }
@@ -100,7 +100,7 @@ void check_settings(App& app) {
   const bool editor_ticked = app.main.Check1.checked;
   if (app.platform.profile.exists(ini_path(app))) {
     read_settings(app);
-    settle_old_settings(app.state.settings);
+    settle_old_settings(app.state.settings, true);
     restore_options(app);
     app.main.Check1.checked = editor_ticked;
     app.state.program.settings_incomplete = missing_settings(app).empty() ? 0 : 1;
@@ -117,8 +117,8 @@ void check_settings(App& app) {
   }
 }
 
-bool there(const std::string& path) {
-  return has_folder(path) && file_exists(path);
+bool there(const App& app, const std::string& path) {
+  return has_folder(path) && app.outputs.exists(path);
 }
 
 /// A window that loads again takes back what an earlier load blocked.
@@ -163,19 +163,21 @@ void show_input(App& app) {
 void enable_outputs(App& app) {
   const InputState& input = app.state.input;
   MainForm& main = app.main;
-  main.mnuDisp2_out1.enabled = there(input.cbr_name);
-  main.mnuDisp2_out2.enabled = there(input.adi_name);
-  main.mnuDisp2_out3.enabled = there(input.log_name);
-  main.mnuDisp2_Qtc.enabled = there(input.qlg_name);
-  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled = there(input.cbr_name) || there(input.log_name);
-  main.mnuZsm.enabled = there(input.zsm_use_name) || there(input.zsm_name);
+  main.mnuDisp2_out1.enabled = there(app, input.cbr_name);
+  main.mnuDisp2_out2.enabled = there(app, input.adi_name);
+  main.mnuDisp2_out3.enabled = there(app, input.log_name);
+  main.mnuDisp2_Qtc.enabled = there(app, input.qlg_name);
+  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled =
+      there(app, input.cbr_name) || there(app, input.log_name);
+  main.mnuZsm.enabled = there(app, input.zsm_use_name) || there(app, input.zsm_name);
   main.cmdRe_write_zlog_zsm.enabled =
-      there(input.zsm_use_name) && input.in_err_flag == 0 && input.in_type != "cbr";
+      there(app, input.zsm_use_name) && input.in_err_flag == 0 && input.in_type != "cbr";
 }
 
-void settle_old_settings(Settings& settings) {
+void settle_old_settings(Settings& settings, bool from_ini) {
   cut_test_version(settings);
   set_default_island(settings);
+  if (!from_ini) return;
   const double version = numeric_value(settings.ini_version);
   constexpr double with_reference = 0.93;  // earlier versions wrote only the island's name
   if (version < with_reference) settings.iota_name_only = "1";
@@ -220,7 +222,8 @@ void Form_Load(App& app) {
   show_input(app);
   load_editor_state(app);
   check_settings(app);
-  main.kaishi.enabled = input.in_err_flag != 1 && there(input.in_name) && (is_cbr || !needs_selection(app));
+  main.kaishi.enabled =
+      input.in_err_flag != 1 && there(app, input.in_name) && (is_cbr || !needs_selection(app));
   enable_outputs(app);
   show_kept_summary(app);
   main.mnuDebug.caption = main.mnuDebug_mode.caption =
@@ -232,14 +235,14 @@ void Form_Load(App& app) {
 
 void owari_Click(App& app) {
   app.trace.line("Private Sub owari_Click()");
-  remove_scratch_folder(app);
-  delete_file(app.state.input.out_dir + "in_name.000");
+  app.tmp_dir.remove();
   if (settings_current(app)) {
     save_options(app);
-    write_settings(app);
+    write_current_settings(app);
   }
   count_run(app);
-  if (app.state.program.cfg_loaded == 1) write_settings(app);
+  if (app.state.program.cfg_loaded == 1 && app.platform.profile.exists(ini_path(app)))
+    write_settings_or_tell(app);
   app.trace.close();
 }
 

@@ -25,8 +25,8 @@ void show_input(App& app);
 /// Enables the output viewer menus, the summary menu and the mail buttons whose files exist.
 void enable_outputs(App& app);
 /// What settings of an older program need: the version of a test edition loses its "t", a version before 0.93
-/// wrote only the island's name, and without an island it is Honshu.
-void settle_old_settings(Settings& settings);
+/// (of an INI, not of the legacy file) wrote only the island's name, and without an island it is Honshu.
+void settle_old_settings(Settings& settings, bool from_ini);
 
 /// Exit: deletes scratch files, saves options and settings, counts the run.
 void owari_Click(App& app);

@@ -12,23 +12,6 @@ namespace {
 
 // U+10FE80 + (byte - 0x80), so F4 8F BA 80 for byte 80 and F4 8F BB BF for byte FF.
 constexpr std::string_view escape_lead = "\xF4\x8F";
-constexpr std::size_t escape_size = 4;
-
-void append_escape(std::string& out, unsigned char byte) {
-  out.append(escape_lead);
-  out.push_back(static_cast<char>(byte < 0xC0 ? 0xBA : 0xBB));
-  out.push_back(static_cast<char>(0x80 | (byte & 0x3F)));
-}
-
-bool is_escape(std::string_view text) {
-  return text.size() >= escape_size && text.starts_with(escape_lead) &&
-         (text[2] == '\xBA' || text[2] == '\xBB') && is_continuation(text[3]);
-}
-
-char escaped_byte(std::string_view text) {
-  const unsigned high = text[2] == '\xBA' ? 0x80U : 0xC0U;
-  return static_cast<char>(high | (static_cast<unsigned char>(text[3]) & 0x3FU));
-}
 
 /// Length of the UTF-8 sequence at the start of `text`; 1 where none begins.
 std::size_t sequence_size(std::string_view text) {
@@ -73,6 +56,20 @@ std::size_t ascii_prefix(std::string_view text) {
 }
 
 }  // namespace
+
+void append_escape(std::string& out, unsigned char byte) {
+  out.append(escape_lead);
+  out.push_back(static_cast<char>(byte < 0xC0 ? 0xBA : 0xBB));
+  out.push_back(static_cast<char>(0x80 | (byte & 0x3F)));
+}
+
+std::optional<unsigned char> escaped_byte(std::string_view text) {
+  const bool is_escape = text.size() >= escape_size && text.starts_with(escape_lead) &&
+                         (text[2] == '\xBA' || text[2] == '\xBB') && is_continuation(text[3]);
+  if (!is_escape) return std::nullopt;
+  const unsigned high = text[2] == '\xBA' ? 0x80U : 0xC0U;
+  return static_cast<unsigned char>(high | (static_cast<unsigned char>(text[3]) & 0x3FU));
+}
 
 iconv_t CodePage::invalid() {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open()'s own sign of failure
@@ -123,8 +120,8 @@ void CodePage::encode(std::string_view utf8, std::string& out, Unmappable policy
     run(open(false), utf8, out);
     if (utf8.empty()) return;
     const std::size_t size = sequence_size(utf8);
-    if (is_escape(utf8))
-      out.push_back(escaped_byte(utf8));
+    if (const auto byte = escaped_byte(utf8))
+      out.push_back(static_cast<char>(*byte));
     else if (policy == Unmappable::question_mark)
       out.push_back('?');
     else

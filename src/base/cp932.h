@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <iconv.h>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,12 @@ enum class Unmappable {
   refuse,         ///< RunTimeError 5 naming the character: for files that are handed in
   question_mark,  ///< "?": for reports and logs that name paths
 };
+
+/// A byte of 80 to FF that is no character stands as a private character of this length in UTF-8.
+inline constexpr std::size_t escape_size = 4;
+void append_escape(std::string& out, unsigned char byte);
+/// The byte for which the first character of the text stands; nothing when it is another character.
+std::optional<unsigned char> escaped_byte(std::string_view text);
 
 /// One direction of the conversion. The system's converter is opened when the first non-ASCII text comes.
 class CodePage {

@@ -66,12 +66,13 @@ std::optional<std::string> FieldReader::next() {
   if (!more_on_line_) {
     std::string_view line;
     if (!reader_.next(line)) return std::nullopt;
-    rest_ = line;
+    line_ = line;
+    taken_ = 0;
   }
   std::string field;
-  std::string_view rest = rest_;
+  std::string_view rest = std::string_view{line_}.substr(taken_);
   more_on_line_ = take_field(rest, field);
-  rest_.erase(0, rest_.size() - rest.size());
+  taken_ = line_.size() - rest.size();
   return field;
 }
 

@@ -32,7 +32,8 @@ class FieldReader {
 
  private:
   TextReader reader_;
-  std::string rest_;           ///< what the current line still holds
+  std::string line_;           ///< the current one
+  std::size_t taken_ = 0;      ///< bytes of it that were read
   bool more_on_line_ = false;  ///< a field (perhaps an empty one) follows on the current line
 };
 

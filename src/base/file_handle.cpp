@@ -37,12 +37,13 @@ FileHandle FileHandle::open_for_reading(const std::string& path) {
   return file;
 }
 
-FileHandle FileHandle::create(const std::string& path) {
+FileHandle FileHandle::create_new(const std::string& path) {
   refuse_nul(path);
-  const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (descriptor >= 0) return FileHandle{descriptor, path, true};
-  if (errno == ENOENT) throw RunTimeError(RunTimeError::path_not_found, path);
-  throw_file_error(errno, path);
+  return adopt(os::create_new(path, path), path);
+}
+
+FileHandle FileHandle::adopt(os::Descriptor descriptor, std::string name) {
+  return FileHandle{descriptor.release(), std::move(name), true};
 }
 
 FileHandle FileHandle::borrow(int descriptor, std::string name) {
@@ -81,6 +82,10 @@ void FileHandle::write(std::string_view data) {
     else if (errno != EINTR)
       throw_file_error(errno, path_);
   }
+}
+
+void FileHandle::flush_to_disk() {
+  if (::fsync(descriptor_) != 0) throw_file_error(errno, path_);
 }
 
 void FileHandle::close() {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/os.h"
+
 namespace varnisto {
 
 class FileHandle {
@@ -13,8 +15,11 @@ class FileHandle {
   /// Opens an existing regular file for reading; the case of its name does not matter when no exact match
   /// exists. Throws RunTimeError 53 (missing), 70 (no permission), 75 (a folder or a device).
   static FileHandle open_for_reading(const std::string& path);
-  /// Makes the file anew, or empties it. Throws RunTimeError 70, 75 or 76 (no such folder).
-  static FileHandle create(const std::string& path);
+  /// Makes a file that is not there yet, for writing. Throws RunTimeError 58 (it is there), 70, 75 or 76 (no
+  /// such folder).
+  static FileHandle create_new(const std::string& path);
+  /// Takes an open file over, and closes it.
+  static FileHandle adopt(os::Descriptor descriptor, std::string name);
   /// Takes a descriptor that stays open when this object goes (standard output, say).
   static FileHandle borrow(int descriptor, std::string name);
 
@@ -31,6 +36,8 @@ class FileHandle {
   std::size_t read(char* data, std::size_t size);
   /// Writes everything. Throws RunTimeError 61 when the disk is full.
   void write(std::string_view data);
+  /// Waits until the disk holds what was written. Throws RunTimeError 57 or 61.
+  void flush_to_disk();
   /// Closes; a write that the system reports only now is an error like any other.
   void close();
 

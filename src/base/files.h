@@ -6,6 +6,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "base/file_handle.h"
 
 namespace varnisto {
 
@@ -21,19 +24,18 @@ std::optional<std::string> find_file(const std::string& path);
 /// True when find_file() finds something.
 bool file_exists(const std::string& path);
 
+/// True for an existing folder.
+bool is_folder(const std::string& path);
 /// True when it finds a file that is no folder.
 bool is_plain_file(const std::string& path);
 
-/// Copies a file byte for byte through a fixed buffer; an existing target is replaced. Throws RunTimeError.
-void copy_file(const std::string& from, const std::string& to);
-/// Gives a file another name. An existing target is replaced, behind links if it is one, and its permissions
-/// stay. Throws RunTimeError.
-void move_file(const std::string& from, const std::string& to);
-/// Deletes one file. A file that is not there is no error. Throws RunTimeError when the system refuses.
-void delete_file(const std::string& path);
-/// Deletes every file whose path is `prefix`, exactly one more character, and `suffix`. Finding none is no
-/// error.
-void delete_numbered(const std::string& prefix, std::string_view suffix = "");
+/// Copies a file byte for byte through a fixed buffer into an open one, and closes that. Throws RunTimeError.
+void copy_file(const std::string& from, FileHandle to);
+/// Deletes a file; a folder stays. False when the system keeps a file.
+bool delete_if_file(const std::string& path);
+/// Deletes what earlier programs left of an output: files of its name and "2", or "_" and one more character.
+/// Returns those that the system keeps; a folder of such a name is none of them.
+std::vector<std::string> delete_leftovers(const std::string& output);
 
 /// Number of line breaks in the file plus one: the line at which appending would begin. Throws RunTimeError.
 std::int32_t line_breaks_plus_one(const std::string& path);
@@ -41,11 +43,6 @@ std::int32_t line_breaks_plus_one(const std::string& path);
 /// The part of a path behind its last separator, and the part up to and including it.
 std::string_view file_part(std::string_view path);
 std::string_view folder_part(std::string_view path);
-
-/// Replaces the file at `path` by these bytes in one step: written beside it under another name, then
-/// renamed, so that a reader sees the old file or the new one. Keeps the permissions of the old file. Throws
-/// RunTimeError.
-void replace_file(const std::string& path, std::string_view bytes);
 
 /// The whole file. Throws RunTimeError.
 std::string read_file(const std::string& path);

@@ -15,6 +15,7 @@ struct ErrorText {
 constexpr ErrorText error_texts[] = {
     {RunTimeError::bad_argument, "値が不正です"},
     {RunTimeError::overflow, "数値が大き過ぎます（オーバーフロー）"},
+    {RunTimeError::out_of_memory, "メモリが足りません"},
     {RunTimeError::bad_subscript, "番号が範囲外です"},
     {RunTimeError::type_mismatch, "数値または日付として読めません"},
     {RunTimeError::bad_file_name, "ファイル名が不正です"},

@@ -13,6 +13,7 @@ struct RunTimeError : std::runtime_error {
   enum Number {
     bad_argument = 5,
     overflow = 6,
+    out_of_memory = 7,
     bad_subscript = 9,
     type_mismatch = 13,
     bad_file_name = 52,

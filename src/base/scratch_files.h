@@ -1,24 +1,23 @@
 #pragma once
 
+#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "base/interruption.h"
 
 namespace varnisto {
 
-/// Files that exist only while a routine works: whatever way it ends, they are deleted.
+/// Files that exist only while a routine works: whatever way it ends, by a signal too, they are deleted.
 class ScratchFiles {
  public:
-  ScratchFiles() = default;
-  ScratchFiles(const ScratchFiles&) = delete;
-  ScratchFiles& operator=(const ScratchFiles&) = delete;
-  ~ScratchFiles();
-
   /// Takes charge of the file with this path, whether it is there already or not; returns the path.
-  std::string add(std::string path);
+  const std::string& add(std::string path) {
+    return files_.emplace_back(std::make_unique<DoomedFile>(std::move(path)))->path();
+  }
 
  private:
-  std::vector<std::string> paths_;
+  std::vector<std::unique_ptr<DoomedFile>> files_;
 };
 
 }  // namespace varnisto

@@ -53,6 +53,11 @@ constexpr bool is_continuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
+/// True for the characters that stand for no sign: 0 to 31 and 127.
+constexpr bool is_control(char c) {
+  return (c >= 0 && c < ' ') || c == 127;
+}
+
 /// Number of characters in a UTF-8 text. An ill-formed byte counts as one character.
 inline std::size_t char_count(std::string_view text) {
   return is_ascii(text) ? text.size() : detail::char_count_wide(text);

@@ -14,13 +14,15 @@ namespace varnisto {
 
 class TextWriter final : public LineSink {
  public:
-  /// Makes the file anew, replacing one that is there. Throws RunTimeError 70, 75 or 76.
-  explicit TextWriter(const std::string& path, Unmappable policy = Unmappable::refuse);
+  /// Writes to a file that was opened for it. A character that code page 932 does not have becomes "?".
+  explicit TextWriter(FileHandle file);
+  /// A file of the program's own scratch folder. Throws RunTimeError 58 when it is there already, 61, 76.
+  static TextWriter scratch(const std::string& path) { return TextWriter{FileHandle::create_new(path)}; }
 
-  /// Takes one line (UTF-8); its end follows it in the file. Throws what flush() throws: not necessarily for
-  /// this line.
+  /// Takes one line (UTF-8); its end follows it in the file. Control characters in it, but tabs, become
+  /// blanks. Throws what flush() throws: not necessarily for this line.
   void put(std::string_view line) override;
-  /// Writes what was collected so far. Throws RunTimeError 61 (disk full), 57, or 5 as the policy says.
+  /// Writes what was collected so far. Throws RunTimeError 61 (disk full) or 57.
   void flush();
   /// Flushes and closes. A writer that is destroyed without this leaves an unfinished file: only the way out
   /// of an error does that.
@@ -33,7 +35,6 @@ class TextWriter final : public LineSink {
   void encode();
 
   FileHandle file_;
-  Unmappable policy_;
   ByteBuffer pending_;            ///< room for the lines that are collected
   std::size_t used_ = 0;          ///< bytes of it
   std::size_t encoded_size_ = 0;  ///< those that are in the file's code page

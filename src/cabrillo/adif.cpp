@@ -52,7 +52,7 @@ AdifRecords::AdifRecords(AdifOptions options) : options_(std::move(options)) {}
 std::size_t AdifRecords::written_size(std::string_view text) {
   if (is_ascii(text)) return text.size();
   bytes_.clear();
-  code_page_.encode(text, bytes_, Unmappable::refuse);
+  code_page_.encode(text, bytes_, Unmappable::question_mark);
   return bytes_.size();
 }
 
@@ -102,9 +102,8 @@ void AdifRecords::make(const TextLine& line, std::string& out) {
 void write_adif(App& app, const AdifLayout& layout) {
   InputState& input = app.state.input;
   const AdifOptions options = adif_options(app, layout);
-  to_cp932(options.comment);  // a comment that cannot be written is refused before the old file is replaced
-  TextReader log{input.out_name};
-  TextWriter out{input.adi_name};
+  TextReader log = read_text(app, input.out_name);
+  TextWriter out{app.outputs.create(input.adi_name)};
   put_header(out);
   AdifRecords records{options};
   std::string record;

@@ -60,10 +60,10 @@ void parse_exchanges(const Line& line, std::string_view jidx_number, QsoRec& rec
 /// The columns of `full_width`.
 template <class Line>
 void parse_columns(const Line& line, const AllOptions& options, QsoRec& rec) {
-  if (options.rtty)
-    rec.mode2 = "RY";
-  else if (const auto mode = mode_code(line.cut(all_columns::mode)))
-    set_text(rec.mode2, *mode);  // an unknown mode keeps the previous line's
+  const auto mode =
+      options.rtty ? std::optional<std::string_view>{"RY"} : mode_code(line.cut(all_columns::mode));
+  rec.mode_kept = !mode;  // an unknown mode keeps the previous line's
+  if (mode) set_text(rec.mode2, *mode);
   parse_time(line, rec);
   set_left_aligned<14>(rec.his_call14, line.cut(col_call));
   parse_exchanges(line, options.jidx_number, rec);
@@ -75,11 +75,13 @@ void parse_columns(const Line& line, const AllOptions& options, QsoRec& rec) {
 
 void parse_frequency(std::string_view text, const AllOptions& options, QsoRec& rec) {
   const auto memo = options.memo_frequency ? memo_frequency(text) : std::nullopt;
+  const auto frequency = memo ? memo : find_code(band_frequencies, rec.band_mhz);
+  rec.band_kept = !frequency;  // an unknown band keeps the previous line's frequency
   if (memo) {
     rec.freq5.clear();
     append_right_aligned(rec.freq5, *memo, 5);
-  } else if (const auto frequency = find_code(band_frequencies, rec.band_mhz)) {
-    set_text(rec.freq5, *frequency);  // an unknown band keeps the previous line's frequency
+  } else if (frequency) {
+    set_text(rec.freq5, *frequency);
   }
   if (options.as_1800 && rec.freq5 == " 1900") rec.freq5 = " 1800";
 }

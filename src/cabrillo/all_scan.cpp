@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "cabrillo/all_line.h"
+#include "cabrillo/writer.h"
 #include "core/main_options.h"
 
 namespace varnisto {
@@ -47,6 +48,18 @@ ScanCounts scan(const std::string& path, bool rtty) {
   return counts;
 }
 
+/// Four digits, two and two, with any character between them.
+bool begins_with_date(std::string_view line) {
+  constexpr std::string_view pattern = "dddd.dd.dd";
+  std::size_t column = 0;
+  for (; column < pattern.size() && !line.empty(); ++column) {
+    const std::string_view sign = left(line, 1);
+    if (pattern[column] == 'd' && (sign < "0" || sign > "9")) return false;
+    line.remove_prefix(sign.size());
+  }
+  return column == pattern.size();
+}
+
 /// Watts that an exchange text stands for.
 double power_value(std::string_view text) {
   return contains(to_upper(text), "K") ? 1000 : numeric_value(text);
@@ -61,13 +74,16 @@ std::int16_t mode_selection(bool has_cw, bool has_ssb, bool has_rtty) {
   return has_rtty ? rtty : mixed;
 }
 
-bool has_qso_lines(const std::string& path) {
+std::string_view why_no_all_log(const std::string& path) {
   TextReader reader{path};
   std::string_view text;
+  bool blank = true;
   reader.next(text);  // the title line
-  while (reader.next(text))
-    if (holds_qso(text)) return true;
-  return false;
+  while (reader.next(text)) {
+    if (begins_with_date(text)) return "";
+    blank = blank && !holds_qso(text);
+  }
+  return blank ? no_qso_text : no_all_log_text;
 }
 
 void get_mode_band_all(App& app) {

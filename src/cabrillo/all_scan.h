@@ -8,8 +8,9 @@
 
 namespace varnisto {
 
-/// True when the log holds a QSO line behind its title line. Throws RunTimeError.
-bool has_qso_lines(const std::string& path);
+/// Why this file cannot be read as a zLog text log, in the user's words: nothing but blank lines behind the
+/// title line, or no line there that begins with a date. Empty for a log. Throws RunTimeError.
+std::string_view why_no_all_log(const std::string& path);
 
 /// Guesses mode and band category from the log `in_name`: sets `mode_sel`, `mode_sel_cat`, `band_sel` and
 /// `lowband_flag`. For a CCC binary log `in_name` first becomes the CCC text made from it. Throws

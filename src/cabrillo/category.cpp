@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 #include "base/text.h"
 #include "cabrillo/contest.h"
@@ -35,14 +36,15 @@ struct CodeRow {
   std::string_view code;
   ContestForm contest;
   SummaryForm summary;
+  bool takes_mode = false;  ///< the contest code takes the mode as the CONTEST value does
 };
 constexpr CodeRow code_rows[] = {
     {"ARRL-10", ContestForm::code, SummaryForm::ten_power_mode},
     {"ARRL-DX", ContestForm::code_dash_mode, SummaryForm::band_power},
     {"ARRL-160", ContestForm::code, SummaryForm::band_power_mode},
-    {"CQ-160", ContestForm::code_dash_mode, SummaryForm::band_power},
+    {"CQ-160", ContestForm::code_dash_mode, SummaryForm::band_power, true},
     {"IARU-HF", ContestForm::code, SummaryForm::band_power_mode},
-    {"WAEDC-", ContestForm::code_mode, SummaryForm::band_power},
+    {"WAEDC-", ContestForm::code_mode, SummaryForm::band_power, true},
     {"", ContestForm::code, SummaryForm::band_power_mode},
 };
 constexpr CodeRow any_other_code = {"", ContestForm::code_dash_mode, SummaryForm::value_power};
@@ -150,7 +152,10 @@ std::string single_dashes(std::string_view text) {
 CategoryTexts category_texts(std::string_view code, const CategoryWords& words) {
   const auto* hit = std::ranges::find(code_rows, code, &CodeRow::code);
   const CodeRow& row = hit == std::end(code_rows) ? any_other_code : *hit;
-  return {contest_value(row.contest, code, words.mode), summary_text(row.summary, words)};
+  CategoryTexts texts{contest_value(row.contest, code, words.mode), summary_text(row.summary, words),
+                      std::string{code}};
+  if (row.takes_mode) texts.code = trim(texts.contest);
+  return texts;
 }
 
 std::string jidx_category_code(std::string_view operator_cat, std::string_view band, std::string_view power) {
@@ -161,6 +166,13 @@ std::string jidx_category_code(std::string_view operator_cat, std::string_view b
   });
   const std::string_view code = hit == band_table.end() ? std::string_view{"AB"} : hit->jidx;
   return std::string{code} + (power == "LOW" ? "L" : "");
+}
+
+void apply_texts(App& app, const CategoryWords& words) {
+  CategoryTexts texts = category_texts(app.state.contest.cont_id, words);
+  app.state.contest.contest = std::move(texts.contest);
+  app.state.contest.cont_id = std::move(texts.code);
+  app.state.category.cat_summary = std::move(texts.summary);
 }
 
 void apply_jidx(App& app, std::string_view operator_cat, const CategoryWords& words) {
@@ -191,9 +203,7 @@ void set_category_cbr(App& app) {
   if (contains(contest.cont_id, "JIDX")) {
     apply_jidx(app, category.operator_cat, words);
   } else {
-    const CategoryTexts texts = category_texts(contest.cont_id, words);
-    contest.contest = texts.contest;
-    category.cat_summary = texts.summary;
+    apply_texts(app, words);
   }
   contest.contest_line = title;
   category.cat_summary = remove_all(to_upper(single_blanks(category.cat_summary)), "BAND");

@@ -23,6 +23,7 @@ struct CategoryWords {
 struct CategoryTexts {
   std::string contest;
   std::string summary;
+  std::string code;  ///< the contest code, which takes the mode in a few contests: "WAEDC-CW"
 };
 CategoryTexts category_texts(std::string_view code, const CategoryWords& words);
 
@@ -42,6 +43,9 @@ std::optional<std::size_t> only_band_worked(const TallyState& tally);
 std::string_view counted_mode(const TallyState& tally);
 /// Score, QSOs, points and multipliers as `score_detail` holds them, e.g. "123456 500-1200-103".
 std::string score_detail_of(const TallyState& tally);
+
+/// Puts them into the state: `contest`, `cat_summary`, `cont_id`.
+void apply_texts(App& app, const CategoryWords& words);
 
 /// What a JIDX contest code adds to the category: category code, contest code by mode, score text.
 void apply_jidx(App& app, std::string_view operator_cat, const CategoryWords& words);

@@ -30,6 +30,13 @@ std::optional<std::string_view> find_code(const TitleCode (&codes)[n], std::stri
   return hit == std::end(codes) ? std::nullopt : std::optional{hit->code};
 }
 
+/// The first record of the list whose title occurs in this one; null when there is none.
+const ContestName* find_listed(const App& app, std::string_view title) {
+  const auto& names = app.state.contest.contest_names;
+  const auto hit = std::ranges::find_if(names, [&](const auto& name) { return contains(title, name.title); });
+  return hit == names.end() ? nullptr : &*hit;
+}
+
 }  // namespace
 
 void read_contest_name(App& app) {
@@ -60,15 +67,18 @@ void get_contest_name(App& app) {
   app.trace.line("Public Sub get_contest_name()");
   read_contest_name(app);
   std::string& cont_id = app.state.contest.cont_id;
-  const auto& names = app.state.contest.contest_names;
-  const auto hit =
-      std::ranges::find_if(names, [&](const auto& name) { return contains(cont_id, name.title); });
-  if (hit != names.end()) cont_id = hit->code;
+  if (const ContestName* const listed = find_listed(app, cont_id)) cont_id = listed->code;
 }
 
 std::optional<std::string_view> title_code(std::string_view title) {
   if (title == "JIDX") return "JIDX";
   return find_code(title_codes, left(title, 12));
+}
+
+std::string_view code_of_title(const App& app, std::string_view title) {
+  if (const auto code = title_code(title)) return *code;
+  const ContestName* const listed = find_listed(app, title);
+  return listed ? std::string_view{listed->code} : title;
 }
 
 std::optional<std::string_view> ccc_type_code(std::string_view type) {

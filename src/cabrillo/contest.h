@@ -27,6 +27,9 @@ void get_contest_name(App& app);
 /// Code of a title by its first 12 characters, e.g. "CQWW DX Contest 2002": "CQ-WW". "JIDX" for JIDX titles;
 /// nothing for a title the table does not know.
 std::optional<std::string_view> title_code(std::string_view title);
+/// Code of a title by the table, else by the list file as it was read last; the title itself when neither
+/// knows it.
+std::string_view code_of_title(const App& app, std::string_view title);
 /// Code of a CCC contest type by its first five characters; nothing for an unknown one.
 std::optional<std::string_view> ccc_type_code(std::string_view type);
 

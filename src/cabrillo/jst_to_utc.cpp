@@ -3,13 +3,10 @@
 #include <algorithm>
 
 #include "base/columns.h"
-#include "base/files.h"
 #include "base/run_time_error.h"
-#include "base/scratch_files.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
-#include "core/paths.h"
 
 namespace varnisto {
 namespace {
@@ -115,12 +112,8 @@ std::string J2U_qtc(std::string_view date, std::string_view time) {
 void conv_J2U(App& app) {
   app.trace.line("Public Sub conv_J2U()_1");
   const std::string& log_name = app.state.input.out_name;
-  const PathPieces pieces = pieces_of(log_name);
-  ScratchFiles scratch;
-  const std::string temporary = scratch.add(log_name.substr(0, log_name.size() - pieces.ext.size()) + "tmp");
-
-  TextReader log{log_name};
-  TextWriter out{temporary};
+  TextReader log = read_text(app, log_name);
+  TextWriter out{app.outputs.create(log_name)};
   std::string utc_line;
   for (std::string_view line; log.next(line);) {
     if (line.starts_with("QSO:")) {
@@ -131,10 +124,8 @@ void conv_J2U(App& app) {
     }
     out.put(line);
   }
-  out.close();
-
   app.trace.line("Public Sub conv_J2U()_2");
-  move_file(temporary, log_name);
+  out.close();
 }
 
 }  // namespace varnisto

@@ -33,8 +33,13 @@ void put_common(const QsoLineContext& context, const QsoRec& rec, const Exchange
              context.mycall14, rec.sent_rst4, exchanges.sent, rec.his_call14, rec.rcvd_rst4, exchanges.rcvd);
 }
 
-void put_transmitter(const QsoLineContext& context, const QsoRec& rec, std::string& out) {
-  if (context.multi_tx) out.append(" ").append(rec.tx_no);
+void put_transmitter(const QsoLineContext& context, std::string_view log_line, QsoRec& rec,
+                     std::string& out) {
+  if (!context.multi_tx) return;
+  out.append(" ").append(rec.tx_no);
+  const auto number = memo_transmitter(log_line);
+  rec.tx_kept = context.named_all && !number;
+  rec.tx_dropped = !context.named_all && !number.value_or("").empty() && number != "0";
 }
 
 /// QTC fields from the text in brackets: group/number, receiver, date, time, band.
@@ -58,7 +63,7 @@ bool put_line(const QsoLineContext& context, std::string_view log_line, const Ex
               QsoRec& rec, std::string& out) {
   take_transmitter(context, log_line, rec);
   put_common(context, rec, exchanges, out);
-  put_transmitter(context, rec, out);
+  put_transmitter(context, log_line, rec, out);
   return true;
 }
 

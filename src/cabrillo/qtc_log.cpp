@@ -30,9 +30,9 @@ struct Scratch {
 };
 
 void collect(TextReader& log, bool to_utc, const std::string& path) {
-  TextWriter out{path};
+  TextWriter out = TextWriter::scratch(path);
   std::string record;
-  IncompleteMemos incomplete;  // the merge tells the user of them
+  Occurrences incomplete;  // the merge tells the user of them
   for (std::string_view line; log.next(line);)
     for_each_qtc(line, log.line_number(), incomplete, [&](const QtcMemo& memo) {
       const std::string key = std::string{right(std::string{"00"}.append(memo.group), 3)} + "QTC";
@@ -44,7 +44,7 @@ void collect(TextReader& log, bool to_utc, const std::string& path) {
 
 void drop_repeated(const std::string& from, const std::string& to) {
   RecordReader<series_fields> records{from};
-  TextWriter out{to};
+  TextWriter out = TextWriter::scratch(to);
   std::string record;
   std::string previous;
   while (records.next()) {
@@ -78,7 +78,7 @@ void put_titles(const App& app, TextWriter& out) {
 
 void put_log(App& app, const std::string& records_path) {
   RecordReader<series_fields> records{records_path};
-  TextWriter out{app.state.input.qlg_name};
+  TextWriter out{app.outputs.create(app.state.input.qlg_name)};
   put_titles(app, out);
   std::string line;
   while (records.next()) {
@@ -95,9 +95,9 @@ void put_log(App& app, const std::string& records_path) {
 
 void get_qtc(App& app) {
   app.trace.line("Public Sub get_qtc()_1");
-  TextReader log{qtc_source(app)};
+  TextReader log = read_text(app, qtc_source(app));
   if (!has_logger_title(log)) return;
-  const Scratch scratch{scratch_folder(app)};
+  const Scratch scratch{app.tmp_dir.path()};
   collect(log, app.state.settings.jst_to_utc_flag == "1", scratch.collected);
   app.trace.line("Public Sub get_qtc()_2_sort");
   sort_scratch(app, key_columns, scratch.collected, scratch.sorted);

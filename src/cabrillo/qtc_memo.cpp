@@ -20,7 +20,6 @@ std::string_view take_item(std::string_view& rest) {
 
 QtcMemo read_items(std::string_view text) {
   QtcMemo memo;
-  memo.text = text;
   std::string_view series = take_item(text).substr(mark.size());
   const std::size_t slash = series.find('/');
   memo.group = series.substr(0, slash);

@@ -12,7 +12,6 @@ namespace varnisto {
 
 /// The items of one memo. They lie in the line it was read from; missing ones are empty.
 struct QtcMemo {
-  std::string_view text;      ///< all between the brackets
   std::string_view group;     ///< number of the series
   std::string_view number;    ///< QTCs in the series
   std::string_view receiver;  ///< the station that took the series
@@ -27,20 +26,14 @@ std::optional<QtcMemo> next_qtc_memo(std::string_view& rest);
 /// True when the memo says who took the series and when, so that a QTC line can be made of it.
 bool is_complete(const QtcMemo& memo);
 
-/// Memos from which no QTC line can be made.
-struct IncompleteMemos {
-  std::int32_t count = 0;
-  std::size_t first_line = 0;  ///< line of the log with the first of them
-};
-
 /// Calls `take` for every complete memo of a line of the log; counts the others.
 template <class Take>
-void for_each_qtc(std::string_view line, std::size_t line_number, IncompleteMemos& incomplete, Take take) {
+void for_each_qtc(std::string_view line, std::size_t line_number, Occurrences& incomplete, Take take) {
   while (const auto memo = next_qtc_memo(line)) {
     if (is_complete(*memo))
       take(*memo);
-    else if (incomplete.count++ == 0)
-      incomplete.first_line = line_number;
+    else
+      incomplete.add(line_number);
   }
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/checked_int.h"
-#include "base/files.h"
 #include "base/scratch_files.h"
 #include "base/short_text.h"
 #include "base/text.h"
@@ -11,10 +10,10 @@
 #include "cabrillo/all_line.h"
 #include "cabrillo/conversions.h"
 #include "cabrillo/jst_to_utc.h"
+#include "cabrillo/qso_remarks.h"
 #include "cabrillo/qtc_files.h"
 #include "cabrillo/qtc_memo.h"
 #include "cabrillo/writer.h"
-#include "core/paths.h"
 
 namespace varnisto {
 namespace {
@@ -33,7 +32,6 @@ enum QsoField {
   qso_call,
   qso_rcvd_rst,
   qso_rcvd_exch,
-  qso_memo,
   qso_fields
 };
 enum MemoField {
@@ -50,7 +48,6 @@ enum MemoField {
   memo_qso_time,
   memo_qso_call,
   memo_qso_rcvd,
-  memo_text,
   memo_fields
 };
 enum QtcField {
@@ -77,17 +74,16 @@ constexpr std::string_view key_columns = "2:25";
 constexpr char kind_qso = '0', kind_qtc = '1';
 
 struct Scratch {
-  Scratch(const std::string& folder, const std::string& log)
+  explicit Scratch(const std::string& folder)
       : qsos(files.add(folder + "qso_201.csv")),
         memos(files.add(folder + "qtc_201.csv")),
         qtcs(files.add(folder + "qtc_202.csv")),
         unsorted(files.add(folder + "qso_qtc.csv0")),
         sorted(files.add(folder + "qso_qtc.csv1")),
-        body(files.add(folder + "qso_qtc.csv2")),
-        fresh_log(files.add(log + "2")) {}
+        body(files.add(folder + "qso_qtc.csv2")) {}
 
   ScratchFiles files;
-  std::string qsos, memos, qtcs, unsorted, sorted, body, fresh_log;
+  std::string qsos, memos, qtcs, unsorted, sorted, body;
 };
 
 /// Sets `key`; `place` is the number of the QSO in the log.
@@ -119,8 +115,8 @@ class Collector {
       : options_(all_options(app, true)),
         own_call_(app.state.settings.mycall14),
         to_utc_(app.state.settings.jst_to_utc_flag == "1"),
-        qsos_(scratch.qsos),
-        memos_(scratch.memos) {}
+        qsos_(TextWriter::scratch(scratch.qsos)),
+        memos_(TextWriter::scratch(scratch.memos)) {}
 
   void run(TextReader& log) {
     for (std::string_view line; log.next(line);) {
@@ -128,7 +124,8 @@ class Collector {
       parse_all_line(TextLine{line, log.ascii()}, options_, rec_);
       if (to_utc_) move_to_utc(rec_, log);
       add_checked(count_, 1, "qsos_written");
-      put_qso(line);
+      put_qso();
+      remarks_.add(rec_, true, log.line_number());
       for_each_qtc(line, log.line_number(), incomplete_, [&](const QtcMemo& memo) { put_memo(memo); });
     }
     qsos_.close();
@@ -136,14 +133,15 @@ class Collector {
   }
 
   std::int32_t count() const { return count_; }
-  const IncompleteMemos& incomplete() const { return incomplete_; }
+  const Occurrences& incomplete() const { return incomplete_; }
+  const QsoRemarks& remarks() const { return remarks_; }
 
  private:
-  void put_qso(std::string_view line) {
+  void put_qso() {
     make_key(key_, rec_.qso_date, rec_.qso_hhmm, kind_qso, count_);
-    set_quoted_fields(record_, {key_, "QSO: ", rec_.freq5, rec_.mode2, rec_.qso_date, rec_.qso_hhmm,
-                                own_call_, rec_.sent_rst4, rec_.sent_exch, rec_.his_call14, rec_.rcvd_rst4,
-                                rec_.rcvd_exch, bracket_text(line).value_or("")});
+    set_quoted_fields(record_,
+                      {key_, "QSO: ", rec_.freq5, rec_.mode2, rec_.qso_date, rec_.qso_hhmm, own_call_,
+                       rec_.sent_rst4, rec_.sent_exch, rec_.his_call14, rec_.rcvd_rst4, rec_.rcvd_exch});
     qsos_.put(record_);
   }
 
@@ -152,7 +150,7 @@ class Collector {
     make_key(key_, passed.date, passed.time, kind_qtc, count_);
     set_quoted_fields(record_,
                       {key_, "QTC: ", "  ", rec_.mode2, memo.group, memo.number, memo.receiver, passed.date,
-                       passed.time, memo.band, rec_.qso_hhmm, rec_.his_call14, rec_.rcvd_exch, memo.text});
+                       passed.time, memo.band, rec_.qso_hhmm, rec_.his_call14, rec_.rcvd_exch});
     memos_.put(record_);
   }
 
@@ -163,7 +161,8 @@ class Collector {
   QsoRec rec_;
   std::string key_, record_;
   std::int32_t count_ = 0;
-  IncompleteMemos incomplete_;
+  Occurrences incomplete_;
+  QsoRemarks remarks_;  ///< the transmitter column is not written here
 };
 
 /// Frequency field of the band in a memo ("20m"); nothing for a missing or unknown band.
@@ -177,7 +176,7 @@ std::optional<std::string_view> band_frequency(std::string_view band, bool as_18
 void complete_memos(const Scratch& scratch, bool as_1800) {
   RecordReader<memo_fields> memos{scratch.memos};
   RecordReader<qso_fields> qsos{scratch.qsos};
-  TextWriter out{scratch.qtcs};
+  TextWriter out = TextWriter::scratch(scratch.qtcs);
   std::string record;
   while (memos.next()) {
     if (place_of(qsos[qso_key]) != place_of(memos[memo_key])) {  // else a second memo of the same QSO
@@ -236,7 +235,7 @@ void put_qtc_pairs(const Scratch& scratch, TextWriter& out) {
 /// Phase 6: the lines alone, in their new order.
 void put_body(const Scratch& scratch) {
   RecordReader<pair_fields> pairs{scratch.sorted};
-  TextWriter out{scratch.body};
+  TextWriter out = TextWriter::scratch(scratch.body);
   while (pairs.next()) out.put(pairs[pair_line]);
   out.put("END-OF-LOG:");
   out.close();
@@ -247,23 +246,24 @@ bool begins_body(std::string_view line) {
 }
 
 /// Phase 7: the header of the log, then the merged body.
-void put_fresh_log(const std::string& log_name, const Scratch& scratch) {
-  TextReader log{log_name};
+void put_fresh_log(App& app, const Scratch& scratch) {
+  const std::string& log_name = app.state.input.out_name;
+  TextReader log = read_text(app, log_name);
   TextReader body{scratch.body};
-  TextWriter out{scratch.fresh_log};
+  TextWriter out{app.outputs.create(log_name)};
   std::string_view line;
   while (log.next(line) && !begins_body(line)) out.put(line);
   while (body.next(line)) out.put(line);
   out.close();
 }
 
-void tell_incomplete(App& app, const IncompleteMemos& incomplete) {
+void tell_incomplete(App& app, const Occurrences& incomplete) {
+  app.state.notes.set(NoteKind::qtc_unread, incomplete);
   if (incomplete.count == 0) return;
   const std::string count = std::to_string(incomplete.count);
   const std::string first = std::to_string(incomplete.first_line);
-  message_box(app, {lines({"QTC のメモ " + count + " 件は、相手局・日付・時刻がそろっていません。",
-                           "これらの QTC 行は作成していません。（ 最初は " + first + " 行目 ）"}),
-                    "", Icon::exclamation});
+  add_notice(app, lines({"QTC のメモ " + count + " 件は、相手局・日付・時刻がそろっていません。",
+                         "これらの QTC 行は作成していません。（ 最初は " + first + " 行目 ）"}));
 }
 
 }  // namespace
@@ -280,14 +280,14 @@ void put_qtc_line(const QtcLine& qtc, std::string& out) {
 void WAEDC_put(App& app) {
   app.trace.line("Public Sub WAEDC_put()_1");
   InputState& input = app.state.input;
-  TextReader log{qtc_source(app)};
+  TextReader log = read_text(app, qtc_source(app));
   if (!has_logger_title(log)) return;
-  const Scratch scratch{scratch_folder(app), input.out_name};
+  const Scratch scratch{app.tmp_dir.path()};
   Collector collector{app, scratch};
   collector.run(log);
   app.trace.line("Public Sub WAEDC_put()_2");
   complete_memos(scratch, app.state.settings.freq19_to_18_flag == "1");
-  TextWriter pairs{scratch.unsorted};
+  TextWriter pairs = TextWriter::scratch(scratch.unsorted);
   app.trace.line("Public Sub WAEDC_put()_3");
   put_qso_pairs(scratch, pairs);
   app.trace.line("Public Sub WAEDC_put()_4");
@@ -298,10 +298,10 @@ void WAEDC_put(App& app) {
   app.trace.line("Public Sub WAEDC_put()_6");
   put_body(scratch);
   app.trace.line("Public Sub WAEDC_put()_7");
-  put_fresh_log(input.out_name, scratch);
+  put_fresh_log(app, scratch);
   app.trace.line("Public Sub WAEDC_put()_8");
-  move_file(scratch.fresh_log, input.out_name);
   input.qsos_written = collector.count();
+  collector.remarks().note(app.state.notes);
   tell_incomplete(app, collector.incomplete());
 }
 

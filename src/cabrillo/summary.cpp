@@ -72,9 +72,7 @@ void apply_words(App& app, const std::vector<std::string>& words) {
   const CategoryWords texts{words[word_operator] + " ", category.band_word, category.cat_band,
                             category.power_cat, category.mode_word};
   if (contains(app.state.contest.cont_id, "JIDX")) return apply_jidx(app, category.operator_cat, texts);
-  const CategoryTexts result = category_texts(app.state.contest.cont_id, texts);
-  app.state.contest.contest = result.contest;
-  category.cat_summary = result.summary;
+  apply_texts(app, texts);
 }
 
 [[noreturn]] void refuse_category(App& app) {
@@ -127,7 +125,7 @@ void open_dialogs_of_title(App& app) {
 void show_power(App& app) {
   const std::string& title = app.state.contest.contest_name;
   if (contains(title, "ARRL International DX Contest") &&
-      contains(to_upper(app.state.input.in_name), ".ALL")) {
+      contains(to_upper(file_part(app.state.input.in_name)), ".ALL")) {
     get_power_all(app);
     // The selection dialog offers the log's power by itself; what was confirmed there holds.
     if (!app.state.category.dialog_shown) select_power_of_log(app);
@@ -206,8 +204,10 @@ bool show_select_cont(App& app) {
   const CategoryState category = app.state.category;
   const Label shown[] = {app.main.lblGet_zsm3, app.main.lblPower};
   app.state.category.dialog_shown = false;
+  const std::size_t written = app.outputs.mark();
   app.desk.show(FormName::select_cont);
   if (app.state.category.dialog_shown) return true;
+  app.outputs.back_to(written);  // cont_name.txt follows every click
   app.state.contest = contest;
   app.state.category = category;
   app.main.lblGet_zsm3 = shown[0];

@@ -2,7 +2,6 @@
 
 #include "base/checked_int.h"
 #include "base/columns.h"
-#include "base/files.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
 #include "cabrillo/writer.h"
@@ -67,7 +66,7 @@ void cbr_2_zlog_txt(App& app) {
   app.main.lblShori.text.clear();
   InputState& input = app.state.input;
   TextReader log{input.in_name};
-  TextWriter out{input.out_name};
+  TextWriter out{app.outputs.create(input.out_name)};
   out.put(zlog_text_titles);
   std::string text;
   input.qsos_written = 0;
@@ -78,15 +77,14 @@ void cbr_2_zlog_txt(App& app) {
     out.put(text);
     add_checked(input.qsos_written, 1, "qsos_written");
   }
+  note_after_end(app.state.notes, log);
+  if (input.qsos_written == 0) throw Refusal(std::string{no_qso_text});
   out.close();
+  commit_outputs(app, {input.out_name});
   input.outputs.push_back(input.out_name);
   app.main.kaishi.enabled = true;
   app.main.lblShori.text = "処理終了";
   app.main.lblShori.color = Color::blue;
-  if (input.qsos_written == 0)
-    show_text(app, std::string{no_qso_text}, Color::red);  // no Cabrillo log, perhaps
-  delete_numbered(input.out_name + "_");
-  delete_file(input.out_name + "2");
 }
 
 }  // namespace varnisto

@@ -19,8 +19,8 @@ void append_zlog_text_line(std::string_view qso_line, std::string& out);
 /// Band in MHz of a Cabrillo frequency field (five characters): " 7000" gives " 7", " 1900" gives "1.8".
 std::string zlog_text_band(std::string_view freq5);
 
-/// Writes `out_name` from the Cabrillo log `in_name`: titles, one line a QSO. Sets `qsos_written`; the
-/// text box says when there was none. Throws RunTimeError for files.
+/// Writes `out_name` from the Cabrillo log `in_name`: titles, one line a QSO. Sets `qsos_written`. Throws
+/// Refusal when there is none, RunTimeError for files.
 void cbr_2_zlog_txt(App& app);
 
 }  // namespace varnisto

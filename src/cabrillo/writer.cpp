@@ -10,6 +10,7 @@
 #include "cabrillo/category.h"
 #include "cabrillo/header.h"
 #include "cabrillo/qso_line.h"
+#include "cabrillo/qso_remarks.h"
 #include "cabrillo/summary.h"
 #include "core/main_options.h"
 #include "core/paths.h"
@@ -37,7 +38,7 @@ void replace_each(std::string& text, const Replacement (&replacements)[n]) {
 std::string output_name(const App& app) {
   const std::string base = app.state.input.out_dir + call_for_names(app);
   const std::string& contest = app.state.contest.contest;
-  if (contains(contest, "JIDX")) return base + "-" + app.state.category.cat_summary + ".log";
+  if (contains(contest, "JIDX")) return base + "-" + name_text(app.state.category.cat_summary) + ".log";
   return base + (contains(contest, "ARRL") ? ".log" : ".cbr");
 }
 
@@ -90,18 +91,22 @@ void put_qsos(App& app, TextReader& log, std::string_view line, bool rtty, LineS
   const QsoLineContext context = line_context(app);
   const AllOptions options = all_options(app, rtty);
   QsoFormatter* const format = formatter_for(app.state.contest.cont_id);
-  InputState& input = app.state.input;
-  input.qsos_written = input.lines_dropped = 0;
+  std::int32_t& written = app.state.input.qsos_written;
+  written = 0;
   QsoRec& rec = app.state.qso;
   rec = QsoRec{};
+  QsoRemarks remarks;
   std::string text;
   do {
     if (!holds_qso(line)) continue;
     parse_all_line(TextLine{line, log.ascii()}, options, rec);
     const bool wanted = format(context, line, rec, text);
     if (wanted) out.put(text);
-    ++(wanted ? input.qsos_written : input.lines_dropped);
+    if (wanted) ++written;
+    remarks.add(rec, wanted, log.line_number());
   } while (log.next(line));
+  remarks.note(app.state.notes);
+  note_after_end(app.state.notes, log);
 }
 
 /// The menus and buttons that lead to the new output.
@@ -117,10 +122,10 @@ void offer_output(App& app) {
 /// Common to both writers once CONTEST value and category text stand: choose the name, write the file.
 void print(App& app, const Plan& plan) {
   InputState& input = app.state.input;
-  TextReader log{plan.log};
+  TextReader log = read_text(app, plan.log);
   std::string_view line;
   find_first_qso(log, line);
-  TextWriter out{input.out_name};
+  TextWriter out{app.outputs.create(input.out_name)};
   app.main.mnu_mc.caption = file_part(input.out_name);
   put_cbr_header(app, out);
   put_qsos(app, log, line, plan.rtty, out);

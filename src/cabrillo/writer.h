@@ -8,6 +8,8 @@ namespace varnisto {
 
 /// What the user reads when a log holds no QSO.
 inline constexpr std::string_view no_qso_text = "ログに交信データがありません。";
+/// And what of a file that is something else.
+inline constexpr std::string_view no_all_log_text = "zLog の ALL ファイルではありません。";
 
 /// How the lines of the opened log are read; without `rtty` the option that makes every mode "RY" is left
 /// out.

@@ -3,19 +3,14 @@
 #include <algorithm>
 #include <ostream>
 
-#include "app/checker.h"
 #include "app/driver.h"
 #include "app/open_input.h"
 #include "app/reselect.h"
-#include "app/start_up.h"
 #include "base/files.h"
-#include "base/run_time_error.h"
-#include "base/text.h"
 #include "cli/dialog_answers.h"
 #include "cli/report.h"
 #include "cli/session.h"
 #include "core/main_options.h"
-#include "core/settings.h"
 
 namespace varnisto {
 namespace {
@@ -46,6 +41,8 @@ void open_and_convert(Session& session, const DialogAnswers& answers, const std:
   kaishi_Click(app);
 }
 
+}  // namespace
+
 int status_of(const ActionResult& result) {
   switch (result.kind) {
     case ActionResult::done:
@@ -59,6 +56,8 @@ int status_of(const ActionResult& result) {
   }
 }
 
+namespace {
+
 void put_result(const CliOptions& options, const Session& session, const ActionResult& result,
                 std::ostream& out) {
   if (options.json)
@@ -67,7 +66,7 @@ void put_result(const CliOptions& options, const Session& session, const ActionR
     put_report(session.app, result, out);
 }
 
-/// One log from file to report; returns the exit status it asks for.
+/// One log from file to report; returns the exit status it asks for. Whatever happens is this log's error.
 int convert_log(const CliOptions& options, const std::string& program_folder, const std::string& path,
                 std::ostream& out, std::ostream& err) {
   Session session{options, program_folder, err};
@@ -92,41 +91,6 @@ int convert_log(const CliOptions& options, const std::string& program_folder, co
   return status;
 }
 
-/// The checker's report on the terminal: UTF-8, plain line ends.
-class StreamSink final : public LineSink {
- public:
-  void put(std::string_view line) override { text.append(line).append("\n"); }
-  std::string text;
-};
-
-int check_file(const CliOptions& options, const std::string& path, std::ostream& out, std::ostream& err) {
-  StreamSink report;
-  CheckResult result;
-  std::string error;
-  try {
-    TextReader log{path};
-    result = check_cabrillo(log, path, path, report);
-  } catch (const RunTimeError& failure) {
-    error = describe(failure);
-    err << error << "\n";
-  }
-  if (options.json)
-    put_json_check(path, result, error, out);
-  else if (result.errors > 0)
-    out << report.text;
-  else if (error.empty() && !options.quiet)
-    out << path << ": OK (" << result.qsos << " QSO)\n";
-  return error.empty() ? exit_ok : exit_failed;
-}
-
-/// The settings as they stand in the file, the version included.
-std::vector<SettingOverride> settings_in_file(const Settings& settings) {
-  std::vector<SettingOverride> values;
-  for (const SettingKey& key : setting_keys())
-    values.emplace_back(key.key, key.key == "version" ? settings.ini_version : setting_value(settings, key));
-  return values;
-}
-
 }  // namespace
 
 int convert_logs(const CliOptions& options, const std::string& program_folder, std::ostream& out,
@@ -136,13 +100,6 @@ int convert_logs(const CliOptions& options, const std::string& program_folder, s
     worst = std::max(worst, convert_log(options, program_folder, path, out, err));
     out.flush();
   }
-  return worst;
-}
-
-int check_files(const CliOptions& options, std::ostream& out, std::ostream& err) {
-  int worst = exit_ok;
-  for (const std::string& path : options.arguments)
-    worst = std::max(worst, check_file(options, path, out, err));
   return worst;
 }
 
@@ -159,24 +116,6 @@ int to_zlog_files(const CliOptions& options, const std::string& program_folder, 
     worst = std::max(worst, status_of(result));
   }
   return worst;
-}
-
-int run_settings(const CliOptions& options, const std::string& program_folder, std::ostream& out,
-                 std::ostream& err) {
-  Session session{options, program_folder, err, SettingsFile::writable};
-  App& app = session.app;
-  Settings& settings = app.state.settings;
-  const ActionResult result = run_action(app, [&] {
-    if (app.platform.profile.exists(ini_path(app)))
-      read_settings(app);
-    else if (file_exists(legacy_path(app)))
-      read_Varnisto_cfg(app);
-    if (options.overrides.empty()) return put_settings(settings_in_file(settings), options.json, out);
-    settle_old_settings(settings);
-    for (const auto& [key, value] : options.overrides) set_setting(settings, key, value);
-    write_settings(app);
-  });
-  return status_of(result);
 }
 
 }  // namespace varnisto

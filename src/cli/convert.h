@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <string>
 
+#include "app/action.h"
 #include "cli/options.h"
 #include "platform/platform.h"
 
@@ -18,6 +19,9 @@ int to_zlog_files(const CliOptions& options, const std::string& program_folder, 
 
 /// Checks Cabrillo files; the report goes to `out`. Returns the exit status.
 int check_files(const CliOptions& options, std::ostream& out, std::ostream& err);
+
+/// The exit status that stands for the end of an action.
+int status_of(const ActionResult& result);
 
 /// Shows the settings, or sets those given and writes them. Returns the exit status.
 int run_settings(const CliOptions& options, const std::string& program_folder, std::ostream& out,

@@ -11,8 +11,29 @@
 //   cli/report.cpp            what was done                                    -> standard output
 #include <iostream>
 
+#include "base/interruption.h"
+#include "base/os.h"
+#include "cli/console.h"
 #include "cli/run_cli.h"
 
+namespace {
+
+/// A stream whose control characters do no harm.
+struct Console {
+  Console(std::ostream& below, int descriptor)
+      : buffer(*below.rdbuf(),
+               varnisto::os::is_terminal(descriptor) ? varnisto::Controls::caret : varnisto::Controls::blank),
+        stream(&buffer) {}
+
+  varnisto::ConsoleBuffer buffer;
+  std::ostream stream;
+};
+
+}  // namespace
+
 int main(int argc, char* argv[]) {
-  return varnisto::run_cli({argv + 1, argv + argc}, std::cout, std::cerr);
+  constexpr int standard_output = 1, standard_error = 2;
+  varnisto::install_signal_handlers();
+  Console out{std::cout, standard_output}, err{std::cerr, standard_error};
+  return varnisto::run_cli({argv + 1, argv + argc}, out.stream, err.stream);
 }

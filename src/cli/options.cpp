@@ -1,7 +1,9 @@
 #include "cli/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iterator>
+#include <memory>
 #include <ostream>
 
 #include "base/cp932.h"
@@ -95,10 +97,14 @@ SettingOverride parse_override(const std::string& text) {
   if (char_count(value) > longest_setting)
     throw CLI::ValidationError("the value of " + key + " has more than " + std::to_string(longest_setting) +
                                " characters");
+  if (std::ranges::any_of(value, is_control))
+    throw CLI::ValidationError("the value of " + key + " holds a control character");
   try {
     to_cp932(value);
+    Settings scratch;
+    set_setting(scratch, key, value);
   } catch (const RunTimeError& error) {
-    throw CLI::ValidationError(key + ": " + error.what());
+    throw CLI::ValidationError(key + ": " + describe(error));
   }
   return {key, value};
 }
@@ -162,19 +168,38 @@ void finish(const Raw& raw, CliOptions& options) {
     for (const std::string& text : options.arguments) options.overrides.push_back(parse_override(text));
 }
 
+/// Help without the notes that the parser makes for itself.
+class PlainFormatter final : public CLI::Formatter {
+ public:
+  std::string make_option_name(const CLI::Option* option, bool is_positional) const override {
+    return remove_all(CLI::Formatter::make_option_name(option, is_positional), "{false}");
+  }
+};
+
+/// Version of the program; nothing else may be asked for.
+ExitStatus put_version(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  if (arguments.size() == 1) {
+    out << "varnisto-cli " << program_version << "\n";
+    return exit_ok;
+  }
+  err << "--version stands alone\n";
+  return exit_usage;
+}
+
 }  // namespace
 
 std::optional<CliOptions> parse_options(const std::vector<std::string>& arguments, std::ostream& out,
                                         std::ostream& err, int& status) {
   status = exit_ok;
-  if (arguments.size() == 1 && arguments.front() == "--version") {
-    out << "varnisto-cli " << program_version << "\n";
+  if (std::ranges::find(arguments, "--version") != arguments.end()) {
+    status = put_version(arguments, out, err);
     return std::nullopt;
   }
   CliOptions options;
   Raw raw;
   CLI::App program{"Turns contest logs of zLog into Cabrillo 3.0", "varnisto-cli"};
-  program.set_version_flag("--version", "varnisto-cli " + std::string{program_version});
+  program.add_flag("--version")->description("the program's version");
+  program.formatter(std::make_shared<PlainFormatter>());
   program.add_option("--app-dir", options.app_dir, "program folder: settings and list files");
   program.add_flag("--debug", options.debug, "write a debug log in the program folder");
   program.require_subcommand(1);

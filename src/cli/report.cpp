@@ -3,17 +3,26 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "base/cp932.h"
 #include "base/text.h"
 #include "cabrillo/header.h"
+#include "cli/json_bytes.h"
 
 namespace varnisto {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// One object on one line; bytes that are no character are replaced.
+/// One object on one line.
 void put_json(const Json& object, std::ostream& out) {
-  out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+  out << with_surrogates(object.dump()) << "\n";
+}
+
+/// The same for a list of texts.
+Json json_texts(const std::vector<std::string>& texts) {
+  Json array = Json::array();
+  for (const std::string& text : texts) array.push_back(escape_bytes(text));
+  return array;
 }
 
 /// One line of the report; nothing for an empty value.
@@ -27,7 +36,7 @@ class CategoryLines final : public LineSink {
   void put(std::string_view line) override {
     const std::size_t colon = line.find(':');
     if (line.starts_with("CATEGORY-"))
-      values[std::string{line.substr(0, colon)}] = trim(line.substr(colon + 1));
+      values[std::string{line.substr(0, colon)}] = escape_bytes(trim(line.substr(colon + 1)));
   }
   Json values = Json::object();
 };
@@ -40,7 +49,17 @@ Json cabrillo_values(const App& app) {
 
 Json error_value(const ActionResult& result) {
   if (result.kind == ActionResult::done) return nullptr;
-  return {{"number", result.number}, {"text", result.text}};
+  return {{"number", result.number}, {"text", escape_bytes(result.text)}};
+}
+
+Json note_values(const Notes& notes) {
+  Json array = Json::array();
+  for (const Note& note : notes.all())
+    array.push_back({{"kind", note_name(note.kind)},
+                     {"count", note.count},
+                     {"line", note.line},
+                     {"text", escape_bytes(note_text(note))}});
+  return array;
 }
 
 }  // namespace
@@ -61,50 +80,59 @@ void put_report(const App& app, const ActionResult& result, std::ostream& out) {
   put_field(out, "category", app.state.category.cat_summary);
   if (is_log) put_field(out, "score", std::to_string(app.state.tally.total_score));
   put_field(out, "QSOs", std::to_string(input.qsos_written));
-  if (input.lines_dropped > 0)
-    put_field(out, "left out", std::to_string(input.lines_dropped) + " (no received report)");
   for (const std::string& path : input.outputs) put_field(out, "written", path);
   for (const std::string& finding : app.state.display.check_findings) put_field(out, "finding", finding);
+  const std::int64_t more =
+      app.state.display.finding_count - static_cast<std::int64_t>(app.state.display.check_findings.size());
+  if (more > 0) put_field(out, "finding", "... " + std::to_string(more) + " more");
+  for (const Note& note : app.state.notes.all()) put_field(out, "note", note_text(note));
 }
 
 void put_json_report(const App& app, const ActionResult& result, const std::vector<std::string>& messages,
                      std::ostream& out) {
   const State& state = app.state;
+  const bool done = result.kind == ActionResult::done;
   const Json report = {
-      {"input", state.input.in_name},
+      {"input", escape_bytes(state.input.in_name)},
       {"in_kind", state.input.in_kind},
       {"zsm_kind", state.input.zsm_kind},
       {"select_from", state.contest.select_from},
-      {"contest", state.contest.contest},
-      {"cont_id", state.contest.cont_id},
-      {"callsign", trim(state.settings.mycall)},
-      {"category", state.category.cat_summary},
+      {"contest", escape_bytes(state.contest.contest)},
+      {"cont_id", escape_bytes(state.contest.cont_id)},
+      {"callsign", escape_bytes(trim(state.settings.mycall))},
+      {"category", escape_bytes(state.category.cat_summary)},
       {"cabrillo", cabrillo_values(app)},
       {"score", state.tally.total_score},
       {"qsos", state.input.qsos_written},
-      {"outputs", state.input.outputs},
-      {"findings", state.display.check_findings},
-      {"mail", {{"to", state.mail.send_to_add}, {"subject", state.mail.mail_subject}}},
-      {"messages", messages},
-      {"ok", result.kind == ActionResult::done},
+      {"outputs", done ? json_texts(state.input.outputs) : Json::array()},
+      {"findings", json_texts(state.display.check_findings)},
+      {"finding_count", state.display.finding_count},
+      {"notes", note_values(state.notes)},
+      {"mail",
+       {{"to", escape_bytes(state.mail.send_to_add)}, {"subject", escape_bytes(state.mail.mail_subject)}}},
+      {"messages", json_texts(messages)},
+      {"ok", done},
       {"error", error_value(result)},
   };
   put_json(report, out);
 }
 
-void put_json_check(const std::string& path, const CheckResult& result, const std::string& error,
-                    std::ostream& out) {
-  Json report = {
-      {"input", path}, {"qsos", result.qsos}, {"findings", result.findings}, {"ok", error.empty()}};
-  report["error"] = error.empty() ? Json(nullptr) : Json(error);
-  put_json(report, out);
+void put_json_check(const CheckReport& report, std::ostream& out) {
+  put_json({{"input", escape_bytes(report.path)},
+            {"qsos", report.found.qsos},
+            {"findings", json_texts(report.found.findings)},
+            {"finding_count", report.found.finding_count},
+            {"notes", note_values(report.notes)},
+            {"ok", report.result.kind == ActionResult::done},
+            {"error", error_value(report.result)}},
+           out);
 }
 
 void put_settings(const std::vector<SettingOverride>& values, bool as_json, std::ostream& out) {
   Json object = Json::object();
   for (const auto& [key, value] : values) {
     if (as_json)
-      object[key] = value;
+      object[key] = escape_bytes(value);
     else
       out << key << "=" << value << "\n";
   }

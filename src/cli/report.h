@@ -19,10 +19,14 @@ void put_report(const App& app, const ActionResult& result, std::ostream& out);
 void put_json_report(const App& app, const ActionResult& result, const std::vector<std::string>& messages,
                      std::ostream& out);
 
-/// What the checker found in a file, as one JSON object on one line; `error` is empty unless it could not be
-/// read.
-void put_json_check(const std::string& path, const CheckResult& result, const std::string& error,
-                    std::ostream& out);
+/// What the checker found in a file, as one JSON object on one line.
+struct CheckReport {
+  std::string path;
+  CheckResult found;
+  Notes notes;
+  ActionResult result;  ///< done, or why the file was not checked
+};
+void put_json_check(const CheckReport& report, std::ostream& out);
 
 /// Settings as KEY=VALUE lines, or as one JSON object.
 void put_settings(const std::vector<SettingOverride>& values, bool as_json, std::ostream& out);

@@ -23,11 +23,6 @@ Session::Session(const CliOptions& options, const std::string& program_folder, s
       err_(err) {
   desk.use(app);
   app.state.program.app_dir = program_folder;
-  if (access == SettingsFile::read_only) lay_settings_over();
-}
-
-Session::~Session() {
-  remove_scratch_folder(app);
 }
 
 void Session::lay_settings_over() {
@@ -69,6 +64,7 @@ StartResult Session::check_settings() {
 
 StartResult Session::start() {
   const ActionResult started = run_action(app, [this] {
+    lay_settings_over();
     Main(app, program_folder_);
     if (options_.debug) mnuDebug_mode_Click(app);
   });

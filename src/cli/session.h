@@ -25,10 +25,8 @@ struct StartResult {
 /// over it (over the legacy file's when there is no other) and nothing is written to it.
 class Session {
  public:
-  /// Throws RunTimeError when the legacy file cannot be read.
   Session(const CliOptions& options, const std::string& program_folder, std::ostream& err,
           SettingsFile access = SettingsFile::read_only);
-  ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 

@@ -1,5 +1,9 @@
 #include "core/app.h"
 
+#include <utility>
+
+#include "base/files.h"
+
 namespace varnisto {
 
 void show_text(App& app, const std::string& text, Color color) {
@@ -11,6 +15,29 @@ void show_text(App& app, const std::string& text, Color color) {
 void message_box(App& app, const MessageBox& box) {
   app.state.display.msg_text = box.text;
   app.state.display.msg_ret = app.desk.message_box(box);
+}
+
+void add_notice(App& app, const std::string& text) {
+  app.state.program.notices.push_back(text);
+}
+
+void show_notices(App& app) {
+  for (const std::string& text : std::exchange(app.state.program.notices, {}))
+    message_box(app, {text, "", Icon::exclamation});
+}
+
+TextReader read_text(const App& app, const std::string& path) {
+  return TextReader{app.outputs.current(path), path};
+}
+
+std::string kept_file_text(const std::string& path) {
+  return path + " を削除出来ません。";
+}
+
+void commit_outputs(App& app, std::initializer_list<std::string> leftovers_of) {
+  for (const std::string& failure : app.outputs.commit()) add_notice(app, failure);
+  for (const std::string& output : leftovers_of)
+    for (const std::string& path : delete_leftovers(output)) add_notice(app, kept_file_text(path));
 }
 
 std::string lines(std::initializer_list<std::string_view> parts) {

@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "base/outputs.h"
+#include "base/scratch_folder.h"
+#include "base/text_reader.h"
 #include "core/desk.h"
 #include "core/main_form.h"
 #include "core/state.h"
@@ -21,6 +24,8 @@ struct App {
   Platform& platform;  ///< the outside world
   Desk& desk;          ///< message boxes, dialogs, viewers
   Trace trace;         ///< debug log
+  Outputs outputs;     ///< what the running action has written: its files take their names when it succeeds
+  ScratchFolder tmp_dir;  ///< private scratch folder
 };
 
 /// The running action stops with a message; nothing was written and the program goes on.
@@ -46,6 +51,18 @@ inline void clear_text(App& app) {
 
 /// Shows a message box and keeps its text and answer in the state.
 void message_box(App& app, const MessageBox& box);
+
+/// Keeps what the user must be told although the action goes on; show_notices() shows it.
+void add_notice(App& app, const std::string& text);
+/// Shows the notices that were kept, one message box each.
+void show_notices(App& app);
+/// A file as the running action sees it: the version that it has written, else the file itself.
+TextReader read_text(const App& app, const std::string& path);
+/// Says that a file could not be deleted.
+std::string kept_file_text(const std::string& path);
+/// Gives the outputs of the running action their names, then deletes what earlier programs left beside those
+/// named here. What could not be replaced but does not count becomes a notice. Throws RunTimeError.
+void commit_outputs(App& app, std::initializer_list<std::string> leftovers_of = {});
 
 /// Lines joined by CR LF, as message boxes and the text box take them.
 std::string lines(std::initializer_list<std::string_view> parts);

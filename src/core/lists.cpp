@@ -64,8 +64,9 @@ void read_assisted_contests(TextReader reader, std::vector<AssistedContest>& con
     if (line.starts_with(';')) continue;
     const std::size_t comma = line.find(',');
     if (comma == std::string_view::npos) throw ListFileError(RunTimeError::past_end, reader.place());
+    const std::string_view flag = line.substr(comma + 1);  // what follows a second comma is a note
     contests.push_back(
-        {std::string{line.substr(0, comma)}, flag_value(line.substr(comma + 1), reader.place())});
+        {std::string{line.substr(0, comma)}, flag_value(flag.substr(0, flag.find(',')), reader.place())});
   }
 }
 

@@ -29,7 +29,7 @@ void read_mail_addresses(FieldReader reader, std::int32_t line_count, std::vecto
 /// every value.
 const MailAddress* find_mail_address(const App& app, std::string_view contest);
 
-/// Reads category-assisted.txt (CONTEST value, flag; lines that begin with ";" are comments) into
+/// Reads category-assisted.txt (CONTEST value, flag, notes; lines that begin with ";" are comments) into
 /// `assisted_conts`. Throws RunTimeError 53 or ListFileError (no comma, flag no number).
 void read_category_assisted(App& app);
 /// The same from an open file; the entries before an error stay in `contests`.

@@ -1,10 +1,5 @@
 #include "core/paths.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <filesystem>
-#include <system_error>
-
 #include "base/cp932.h"
 #include "base/files.h"
 #include "base/run_time_error.h"
@@ -18,8 +13,8 @@ std::size_t cp932_size(std::string_view text) {
   return to_cp932(text, Unmappable::question_mark).size();
 }
 
-bool is_existing_path(const std::string& path) {
-  return has_folder(path) && file_exists(path);
+bool is_existing_path(const App& app, const std::string& path) {
+  return has_folder(path) && app.outputs.exists(path);
 }
 
 }  // namespace
@@ -29,8 +24,8 @@ PathPieces pieces_of(std::string_view path) {
   pieces.file_name = file_part(path);
   const std::size_t dot = pieces.file_name.rfind('.');
   if (dot != std::string::npos) pieces.ext = pieces.file_name.substr(dot + 1);
-  pieces.dir = remove_all(path, pieces.file_name);
-  pieces.stem = remove_all(path, "." + pieces.ext) + ".";
+  pieces.dir = folder_part(path);
+  pieces.stem = replace_in_name(path, "." + pieces.ext, "") + ".";
   return pieces;
 }
 
@@ -38,8 +33,12 @@ bool has_folder(std::string_view path) {
   return path.find(path_separator) != std::string_view::npos;
 }
 
+std::string replace_in_name(std::string_view path, std::string_view from, std::string_view to) {
+  return std::string{folder_part(path)} + replace_all(file_part(path), from, to);
+}
+
 std::string with_suffix(std::string_view path, std::string_view ext, std::string_view suffix) {
-  return replace_all(path, "." + std::string{ext}, suffix);
+  return replace_in_name(path, "." + std::string{ext}, suffix);
 }
 
 std::string_view cp932_prefix(std::string_view text, std::size_t limit) {
@@ -63,8 +62,15 @@ std::string shorten_path(std::string_view text, std::size_t limit) {
   return replace_all(replace_all(shortened, " ", "_"), "　", "_");
 }
 
+std::string name_text(std::string_view text) {
+  std::string name{text};
+  for (char& c : name)
+    if (c == path_separator || is_control(c)) c = '-';
+  return name;
+}
+
 std::string call_for_names(const App& app) {
-  return replace_all(trim(app.state.settings.mycall), "/", "-");
+  return name_text(trim(app.state.settings.mycall));
 }
 
 void split_path(App& app, const std::string& path) {
@@ -93,36 +99,19 @@ void count_lines(App& app, const std::string& path) {
 void zsm_disp_chk(App& app) {
   app.trace.line("Public Sub zsm_disp_chk()");
   InputState& input = app.state.input;
-  const auto generated = [&](std::string_view suffix) { return replace_all(input.zsm_name, ".zsm", suffix); };
+  const auto generated = [&](std::string_view suffix) {
+    return replace_in_name(input.zsm_name, ".zsm", suffix);
+  };
   input.za2c_name = generated("_za2c.zsm");
   input.zz2c_name = generated("_zz2c.zsm");
   input.ct2c_name = generated("_ct2c.zsm");
   input.cb2c_name = generated("_cb2c.zsm");
   MainForm& main = app.main;
-  main.zsm_Disp_zsm.enabled = is_existing_path(input.zsm_name);
-  main.zsm_Disp_za2c.enabled = is_existing_path(input.za2c_name);
-  main.zsm_Disp_zz2c.enabled = is_existing_path(input.zz2c_name);
-  main.zsm_Disp_ct2c.enabled = is_existing_path(input.ct2c_name);
-  main.zsm_Disp_cb2c.enabled = is_existing_path(input.cb2c_name);
-}
-
-const std::string& scratch_folder(App& app) {
-  std::string& tmp_dir = app.state.program.tmp_dir;
-  if (!tmp_dir.empty()) return tmp_dir;
-  std::error_code failure;
-  constexpr std::size_t random_letters = 6;
-  std::string pattern = (std::filesystem::temp_directory_path(failure) / "varnisto-").string();
-  pattern.append(random_letters, 'X');
-  if (!mkdtemp(pattern.data())) throw_file_error(errno, pattern);
-  return tmp_dir = pattern + path_separator;
-}
-
-void remove_scratch_folder(App& app) {
-  std::string& tmp_dir = app.state.program.tmp_dir;
-  if (tmp_dir.empty()) return;
-  std::error_code failure;  // what cannot be deleted stays in the system's temporary folder
-  std::filesystem::remove_all(tmp_dir, failure);
-  tmp_dir.clear();
+  main.zsm_Disp_zsm.enabled = is_existing_path(app, input.zsm_name);
+  main.zsm_Disp_za2c.enabled = is_existing_path(app, input.za2c_name);
+  main.zsm_Disp_zz2c.enabled = is_existing_path(app, input.zz2c_name);
+  main.zsm_Disp_ct2c.enabled = is_existing_path(app, input.ct2c_name);
+  main.zsm_Disp_cb2c.enabled = is_existing_path(app, input.cb2c_name);
 }
 
 void zero_clear(App& app) {

@@ -9,20 +9,21 @@
 
 namespace varnisto {
 
-/// The pieces of a full path, by the naming rules: every occurrence of the removed part goes, in the folder's
-/// name too.
+/// The pieces of a full path, by the naming rules.
 struct PathPieces {
   std::string file_name;  ///< name with extension
   std::string ext;        ///< extension without "."; empty when there is none
   std::string dir;        ///< path without the name
-  std::string stem;       ///< path without ".extension", then "."
+  std::string stem;       ///< path whose name has lost every ".extension", then "."
 };
 PathPieces pieces_of(std::string_view path);
 
 /// True when the text is a path with a folder.
 bool has_folder(std::string_view path);
 
-/// The path with every occurrence of "." & `ext` replaced by `suffix` (e.g. "_z2a.all").
+/// The path with every occurrence of `from` in the file's own name replaced by `to`; its folder stays.
+std::string replace_in_name(std::string_view path, std::string_view from, std::string_view to);
+/// The same for "." & `ext` and a suffix such as "_z2a.all".
 std::string with_suffix(std::string_view path, std::string_view ext, std::string_view suffix);
 
 /// The longest beginning of whole characters that needs at most `limit` bytes of code page 932.
@@ -33,7 +34,9 @@ std::string_view cp932_prefix(std::string_view text, std::size_t limit);
 /// stays as it is.
 std::string shorten_path(std::string_view text, std::size_t limit);
 
-/// Own call sign as file names carry it: trimmed, with "-" for "/" so that no sub-folder is needed.
+/// A text as part of a file's name: "-" for "/", so that no sub-folder is needed, and for control characters.
+std::string name_text(std::string_view text);
+/// Own call sign as file names carry it: name_text() of it, trimmed.
 std::string call_for_names(const App& app);
 
 /// Sets `in_file_name`, `in_ext`, `in_dir`, `in_stem` from a path.
@@ -44,11 +47,6 @@ void Disp_in_name(App& app);
 void count_lines(App& app, const std::string& path);
 /// Derives the names of the generated summaries and enables the menu entry of each summary that exists.
 void zsm_disp_chk(App& app);
-/// Makes the private scratch folder when it is not there yet (mode 0700, under the system's temporary
-/// folder); returns `tmp_dir`. Throws RunTimeError.
-const std::string& scratch_folder(App& app);
-/// Deletes the scratch folder and what is in it.
-void remove_scratch_folder(App& app);
 /// Clears the tallies of a log; `total_score` stays.
 void zero_clear(App& app);
 

@@ -154,8 +154,16 @@ void write_settings(App& app) {
   app.platform.profile.set(ini_path(app), entries);
 }
 
+void write_settings_or_tell(App& app) {
+  try {
+    write_settings(app);
+  } catch (const RunTimeError& error) {
+    add_notice(app, describe(error));
+  }
+}
+
 void write_current_settings(App& app) {
-  if (settings_current(app)) write_settings(app);
+  if (settings_current(app)) write_settings_or_tell(app);
 }
 
 void read_settings(App& app) {

@@ -38,7 +38,9 @@ bool settings_current(App& app);
 
 /// Writes every key, in one replacement of the file. Throws RunTimeError 61, 70, 76.
 void write_settings(App& app);
-/// write_settings() when the settings file exists and is current; nothing otherwise.
+/// The same; that it cannot be written is a notice: what runs needs no file.
+void write_settings_or_tell(App& app);
+/// The same when the settings file exists and is current; nothing otherwise.
 void write_current_settings(App& app);
 /// Reads every key; a missing one gives "". Values are cut to 127 characters. Also sets `mycall14`.
 void read_settings(App& app);

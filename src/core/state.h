@@ -9,12 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "core/notes.h"
+
 namespace varnisto {
 
 /// Start-up and what it found.
 struct ProgramState {
   std::string app_dir;                   ///< program folder: settings and list files
-  std::string tmp_dir;                   ///< private scratch folder; empty until it is first needed
   std::string ini_name;                  ///< `app_dir` & "Varnisto.ini"
   std::string this_year;                 ///< current year, four digits
   std::string created_by;                ///< value of the Cabrillo line CREATED-BY
@@ -24,7 +25,10 @@ struct ProgramState {
   std::int16_t settings_incomplete = 0;  ///< 1 when a required setting is blank
   std::int16_t ini_missing_flag = 0;     ///< 1 when the user must make the INI first
   std::int16_t editor_on = 0;            ///< 1 while the editor check box is ticked
-  bool ending = false;                   ///< an action failed for good: every window closes
+  std::vector<std::string> notices;      ///< what the user is still to be told
+  int running_actions = 0;   ///< actions that have begun: an event of a dialog runs inside another
+  bool window_open = false;  ///< the main window has loaded: an error ends the action alone
+  bool ending = false;       ///< an action failed for good: every window closes
 };
 
 /// The settings, one member a key of Varnisto.ini; see settings.cpp for the keys.
@@ -68,7 +72,6 @@ struct InputState {
   std::string in_ext, in_ext_upper;    ///< extension as written and upper-cased
   std::string in_dir, out_dir;         ///< its folder; outputs named after the call sign go there
   std::string in_stem;                 ///< path without ".extension", then "."
-  std::string in_zsm_upper;            ///< upper-cased path with the extension replaced by ".zsm"
   std::string in_kind;                 ///< "zlog_all", "zlog_zlo", "ccc_txt", "ccc_bin"
   std::string zsm_kind;          ///< "zlog_all_zsm1" with, "zlog_all_zsm0" without a logger's summary, ...
   std::string in_type;           ///< "cbr": to zLog text; "mon": a text export that is refused
@@ -86,7 +89,6 @@ struct InputState {
   std::string qlg_name;              ///< call sign & ".qlg": QTC log
   std::string out_name;              ///< the file that the writer produced
   std::int32_t qsos_written = 0;     ///< QSO lines in it
-  std::int32_t lines_dropped = 0;    ///< log lines that the contest's rule leaves out: no received report
   std::vector<std::string> outputs;  ///< every file written for this log, in order
 };
 
@@ -153,13 +155,15 @@ struct QsoRec {
   std::string sent_rst4;   ///< sent report, left-aligned in 4
   std::string sent_exch;   ///< sent exchange, trimmed
   std::string rcvd_rst4, rcvd_exch;
-  std::string mult1, mult2;                 ///< multiplier texts
-  std::string points;                       ///< QSO points as text
-  std::string band_mhz;                     ///< band in MHz as text
-  std::string freq5 = "     ";              ///< Cabrillo frequency field, right-aligned in 5
-  std::string mode2 = "  ";                 ///< Cabrillo mode: "CW", "PH", "RY", "FM"
-  std::string tx_no = "0";                  ///< transmitter number
-  std::string qtc_grp, qtc_time, qtc_call;  ///< WAEDC QTC columns
+  std::string mult1, mult2;                   ///< multiplier texts
+  std::string points;                         ///< QSO points as text
+  std::string band_mhz;                       ///< band in MHz as text
+  std::string freq5 = "     ";                ///< Cabrillo frequency field, right-aligned in 5
+  std::string mode2 = "  ";                   ///< Cabrillo mode: "CW", "PH", "RY", "FM"
+  std::string tx_no = "0";                    ///< transmitter number
+  bool mode_kept = false, band_kept = false;  ///< the line set no mode, no frequency
+  bool tx_kept = false, tx_dropped = false;   ///< the column is written, with another number than the line's
+  std::string qtc_grp, qtc_time, qtc_call;    ///< WAEDC QTC columns
 };
 
 /// The six contest bands in the order of every table: 1.9, 3.5, 7, 14, 21, 28 MHz.
@@ -214,7 +218,8 @@ struct DisplayState {
   std::string msg_text;                                    ///< last message box
   int msg_ret = 0;                                         ///< its answer
   std::string disp_name;                                   ///< file that the text viewer shows
-  std::vector<std::string> check_findings;                 ///< messages of the last check
+  std::vector<std::string> check_findings;                 ///< messages of the last check, the first thousand
+  std::int64_t finding_count = 0;                          ///< all of them
   std::int32_t line_count = 0;                             ///< lines of the file that was measured last
 };
 
@@ -229,6 +234,7 @@ struct State {
   ListState lists;
   MailState mail;
   DisplayState display;
+  Notes notes;  ///< on the log that is open
 };
 
 }  // namespace varnisto

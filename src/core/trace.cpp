@@ -4,7 +4,7 @@ namespace varnisto {
 
 void Trace::open(const std::string& path) {
   close();
-  log_.emplace(path, Unmappable::question_mark);
+  log_.emplace(FileHandle::create_new(path));
   debug_log_open = 1;
 }
 

@@ -18,7 +18,8 @@ class Trace {
   /// True when lines are written and the error trap is armed.
   bool armed() const { return debug_flag == 1 && debug_log_open == 1; }
 
-  /// Opens a log file of its own, closing one that is open; lines are written from now on.
+  /// Opens a log file of its own, closing one that is open; lines are written from now on. Throws
+  /// RunTimeError 58 when the name is taken.
   void open(const std::string& path);
   /// Closes the log; debug mode itself stays as it is.
   void close();

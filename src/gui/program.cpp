@@ -7,6 +7,8 @@
 
 #include "app/action.h"
 #include "app/start_up.h"
+#include "base/interruption.h"
+#include "base/scratch_folder.h"
 #include "core/version.h"
 #include "gui/fonts.h"
 #include "platform/program_folder.h"
@@ -59,10 +61,12 @@ Program::Program(Launcher& launcher) : platform{profile, clock, sort, launcher} 
 
 bool Program::start(const std::function<std::string()>& program_folder) {
   const ActionResult started = run_action(app, [&] { Main(app, program_folder()); });
-  return !started.ends_program() && desk.show_main_window();
+  return !started.ends_program && desk.show_main_window();
 }
 
 int run_program(int argc, char* argv[]) {
+  install_signal_handlers();
+  clear_abandoned_scratch_folders();
   QApplication application{argc, argv};
   QApplication::setApplicationName(QStringLiteral("varnisto"));
   QApplication::setApplicationVersion(

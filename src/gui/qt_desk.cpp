@@ -86,7 +86,7 @@ void QtDesk::open_log(const std::string& path) {
 void QtDesk::run(const std::function<void()>& event) {
   // Most forms trap their errors themselves; nothing may pass through Qt's event loop.
   try {
-    if (run_action(*app_, event).ends_program()) app_->state.program.ending = true;
+    if (run_action(*app_, event).ends_program) app_->state.program.ending = true;
   } catch (const std::exception& error) {
     app_->state.program.ending = true;
     hourglass(false);

@@ -8,11 +8,12 @@
 #include "base/files.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "base/text_reader.h"
 
 namespace varnisto {
 namespace {
 
-constexpr std::string_view byte_order_mark = "\xFF\xFE";
+constexpr std::string_view utf16_mark = "\xFF\xFE", utf8_mark = "\xEF\xBB\xBF";
 constexpr std::string_view line_end = "\r\n";
 
 std::string_view strip(std::string_view text) {
@@ -59,7 +60,7 @@ char32_t take_utf8(std::string_view& text) {
 }
 
 std::string utf16_of_utf8(std::string_view text) {
-  std::string out{byte_order_mark};
+  std::string out{utf16_mark};
   const auto put = [&](char32_t unit) {
     out.push_back(static_cast<char>(unit & 0xFF));
     out.push_back(static_cast<char>((unit >> 8) & 0xFF));
@@ -89,8 +90,31 @@ std::optional<std::string_view> section_of(std::string_view line) {
 
 /// A value is one line.
 void refuse_line_break(std::string_view key, std::string_view value) {
-  if (value.find_first_of(std::string_view{"\r\n\0", 3}) != std::string_view::npos)
+  if (contains(value, "\n"))
     throw RunTimeError(RunTimeError::bad_argument, std::string{key} + "=" + std::string{value});
+}
+
+/// Throws RunTimeError 5 when a line is longer than a text file's may be.
+void refuse_endless_line(std::string_view bytes, const std::string& path) {
+  std::size_t number = 1;
+  for (std::size_t begin = 0; begin < bytes.size(); ++number) {
+    const std::size_t end = std::min(bytes.find('\n', begin), bytes.size());
+    if (end - begin > longest_line)
+      throw RunTimeError(RunTimeError::bad_argument, path + ": " + std::to_string(number) + " 行目");
+    begin = end + 1;
+  }
+}
+
+/// The bytes of a settings file.
+std::string settings_bytes(const std::string& path) {
+  std::string bytes;
+  try {
+    bytes = read_file(path);
+  } catch (const RunTimeError&) {  // whatever keeps it from being read
+    throw RunTimeError(RunTimeError::path_access_error, path);
+  }
+  refuse_endless_line(bytes, path);
+  return bytes;
 }
 
 /// The key's name when this line sets one.
@@ -117,8 +141,16 @@ struct ProfileText::Place {
 };
 
 ProfileText::ProfileText(std::string_view bytes) {
-  utf16_ = bytes.starts_with(byte_order_mark);
-  const std::string text = utf16_ ? utf8_of_utf16(bytes.substr(byte_order_mark.size())) : from_cp932(bytes);
+  std::string text;
+  if (bytes.starts_with(utf16_mark)) {
+    form_ = Form::utf16;
+    text = utf8_of_utf16(bytes.substr(utf16_mark.size()));
+  } else if (bytes.starts_with(utf8_mark)) {
+    form_ = Form::utf8;
+    text = bytes.substr(utf8_mark.size());
+  } else {
+    text = from_cp932(bytes);
+  }
   for (std::size_t pos = 0; pos < text.size();) {
     const std::size_t end = std::min(text.find('\n', pos), text.size() - 1) + 1;
     lines_.push_back(text.substr(pos, end - pos));
@@ -174,7 +206,8 @@ void ProfileText::set(std::string_view section, std::string_view key, std::strin
 std::string ProfileText::bytes() const {
   std::string text;
   for (const std::string& line : lines_) text += line;
-  return utf16_ ? utf16_of_utf8(text) : to_cp932(text);
+  if (form_ == Form::utf8) return std::string{utf8_mark} + text;
+  return form_ == Form::utf16 ? utf16_of_utf8(text) : to_cp932(text);
 }
 
 FileProfile::Stamp FileProfile::stamp_of(const std::string& path) {
@@ -194,7 +227,7 @@ const ProfileText& FileProfile::load(const std::string& path) {
   const auto found = find_file(path);
   const Stamp stamp = found ? stamp_of(*found) : Stamp{};
   if (is_current(stamp)) return text_;
-  text_ = found ? ProfileText{read_file(*found)} : ProfileText{};
+  text_ = found ? ProfileText{settings_bytes(*found)} : ProfileText{};
   stamp_ = stamp;
   return text_;
 }
@@ -204,11 +237,37 @@ std::string FileProfile::get(const std::string& path, std::string_view section, 
 }
 
 void FileProfile::set(const std::string& path, std::span<const ProfileEntry> entries) {
+  const ProfileHold hold{*this, path};
+  stamp_ = {};  // what others wrote meanwhile counts
   ProfileText text = load(path);
   for (const ProfileEntry& entry : entries) text.set(entry.section, entry.key, entry.value);
-  const std::string target = find_file(path).value_or(path);
-  replace_file(target, text.bytes());
+  replace_file(find_file(path).value_or(path), text.bytes());
   stamp_ = {};
+}
+
+void FileProfile::replace_file(const std::string& path, const std::string& bytes) {
+  const std::string target = replaced_file(path);
+  const std::string folder{folder_part(target)};
+  std::optional<FolderLock> of_target;  // the settings may be a link to another folder
+  if (folder != lock_->folder() && !os::same_file(folder, lock_->folder())) of_target.emplace(folder);
+  const FolderLock& lock = of_target ? *of_target : *lock_;
+  clear_abandoned(lock);
+  Temporary fresh{target, lock};
+  FileHandle file = fresh.take_file();
+  file.write(bytes);
+  file.flush_to_disk();
+  file.close();
+  const SignalsWait until_renamed;
+  fresh.close();
+  fresh.rename();
+}
+
+void FileProfile::begin_hold(const std::string& path) {
+  if (holds_++ == 0) lock_.emplace(std::string{folder_part(path)});
+}
+
+void FileProfile::end_hold() {
+  if (--holds_ == 0) lock_.reset();
 }
 
 bool OverlayProfile::exists(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/files.h"
+#include "base/outputs.h"
 #include "base/run_time_error.h"
 
 namespace varnisto {
@@ -30,21 +31,26 @@ std::string executable_folder() {
 
 std::string user_folder() {
   const std::string config = environment("XDG_CONFIG_HOME");
-  return as_folder(fs::path{config.empty() ? environment("HOME") + "/.config" : config} / "varnisto");
+  if (!config.empty()) return as_folder(fs::path{config} / "varnisto");
+  const std::string home = environment("HOME");
+  if (home.empty()) throw RunTimeError(RunTimeError::path_not_found, "HOME, XDG_CONFIG_HOME, VARNISTO_DIR");
+  return as_folder(fs::path{home} / ".config" / "varnisto");
 }
 
-/// Copies the shipped list files that the folder lacks; one that is there is never replaced.
+/// Copies the shipped list files that the folder lacks, all or none; one that is there is never replaced.
 void fill(const std::string& folder) {
   std::error_code failure;
   fs::create_directories(folder, failure);
   if (failure) throw_file_error(failure.value(), folder);
   const std::string shipped = shipped_folder();
   if (shipped.empty() || file_exists(folder + "Varnisto.ini")) return;
+  Outputs lists;
   for (const auto& entry : fs::directory_iterator{shipped, failure}) {
     const std::string name = entry.path().filename().string();
     if (entry.is_regular_file(failure) && !file_exists(folder + name))
-      copy_file(entry.path().string(), folder + name);
+      copy_file(entry.path().string(), lists.create(folder + name));
   }
+  lists.commit();
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <array>
 #include <span>
 
-#include "base/cp932.h"
 #include "base/files.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "cabrillo/category.h"
@@ -57,7 +57,7 @@ void put_at(std::string& line, std::size_t stop, std::int64_t value, std::size_t
   line = pad_right(line, stop - 1) + pad_left(std::to_string(value), width);
 }
 
-void put_table(const TallyState& tally, const SheetVariant& variant, SheetText& sheet) {
+void put_table(const TallyState& tally, const SheetVariant& variant, LineSink& sheet) {
   sheet.put(variant.heading);
   for (std::size_t band = 0; band < band_count; ++band) {
     std::string line{band_labels.at(band)};
@@ -77,8 +77,7 @@ void put_table(const TallyState& tally, const SheetVariant& variant, SheetText& 
 }
 
 /// Everything down to the score line.
-SheetText sheet_head(const App& app, const SheetVariant& variant) {
-  SheetText sheet;
+void put_head(const App& app, const SheetVariant& variant, LineSink& sheet) {
   sheet.put(sheet_title(app));
   sheet.put("");
   sheet.put("Call sign: " + std::string{trim(app.state.settings.mycall)});
@@ -86,12 +85,6 @@ SheetText sheet_head(const App& app, const SheetVariant& variant) {
   sheet.put("Category: " + app.state.category.zsm_category);
   sheet.put("");
   put_table(app.state.tally, variant, sheet);
-  return sheet;
-}
-
-void write_variant(App& app, const SheetVariant& variant) {
-  SheetText sheet = sheet_head(app, variant);
-  make_za2c_zsm_etc(app, sheet);
 }
 
 void refresh_call(App& app) {
@@ -104,7 +97,7 @@ bool holds_comment(std::string_view line) {
 
 /// The settings that stand behind call sign and club make the name and address lines. True when one of them
 /// was a comment.
-bool put_name_and_address(const Settings& settings, SheetText& sheet) {
+bool put_name_and_address(const Settings& settings, LineSink& sheet) {
   constexpr std::size_t first = 3, count = 5;  // OPERATORS, NAME, ADDRESS1 to ADDRESS3
   bool commented = false;
   for (const SettingKey& key : setting_keys().subspan(first, count)) {
@@ -131,6 +124,13 @@ void choose_sheet_name(App& app) {
                                      {"ccc_bin", &InputState::cb2c_name}};
   for (const GeneratedName& row : names)
     if (row.in_kind == input.in_kind) input.zsm_use_name = input.zsm_send_name = input.*row.name;
+}
+
+void write_variant(App& app, const SheetVariant& variant) {
+  choose_sheet_name(app);
+  TextWriter sheet{app.outputs.create(app.state.input.zsm_use_name)};
+  put_head(app, variant, sheet);
+  make_za2c_zsm_etc(app, sheet);
 }
 
 std::string cont_name_path(const App& app) {
@@ -187,13 +187,14 @@ void make_za2c_zsm_WAEDC(App& app) {
 
 void Make_zlo2_za2c_zsm2(App& app) {
   app.trace.line("Public Sub Make_zlo2_za2c_zsm2()");
-  if (!file_exists(cont_name_path(app))) write_cont_name(app, "contest");
-  app.state.contest.contest_name = TextReader{cont_name_path(app)}.must_next();
+  std::string& name = app.state.contest.contest_name;
+  if (is_blank(name)) name = "contest";
+  if (!app.outputs.exists(cont_name_path(app))) write_cont_name(app, name);
   refresh_call(app);
   write_variant(app, general_variant);
 }
 
-void make_za2c_zsm_etc(App& app, SheetText& sheet) {
+void make_za2c_zsm_etc(App& app, TextWriter& sheet) {
   app.trace.line("Public Sub make_za2c_zsm_etc()");
   for (const std::string_view line : declaration) sheet.put(line);
   const bool commented = put_name_and_address(app.state.settings, sheet);
@@ -205,16 +206,22 @@ void make_za2c_zsm_etc(App& app, SheetText& sheet) {
   }
   sheet.put("");
 
-  choose_sheet_name(app);
+  sheet.close();
   const std::string& name = app.state.input.zsm_use_name;
-  replace_file(name, to_cp932(sheet.text()));
   auto& outputs = app.state.input.outputs;
   if (std::ranges::find(outputs, name) == outputs.end()) outputs.push_back(name);
   zsm_disp_chk(app);
 }
 
-void write_cont_name(const App& app, std::string_view name) {
-  replace_file(cont_name_path(app), to_cp932(std::string{name} + "\r\n"));
+void write_cont_name(App& app, std::string_view name) {
+  try {
+    TextWriter out{app.outputs.create(cont_name_path(app), Need::dispensable)};
+    out.put(name);
+    out.close();
+  } catch (const RunTimeError& error) {
+    app.outputs.give_up(cont_name_path(app));
+    add_notice(app, describe(error));
+  }
 }
 
 }  // namespace varnisto

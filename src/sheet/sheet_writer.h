@@ -5,21 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "base/line_sink.h"
+#include "base/text_writer.h"
 #include "core/app.h"
 
 namespace varnisto {
-
-/// A sheet as it grows, in UTF-8. It becomes a file in one step, so that a failure leaves an earlier sheet
-/// untouched.
-class SheetText final : public LineSink {
- public:
-  void put(std::string_view line) override { text_.append(line).append("\r\n"); }
-  const std::string& text() const { return text_; }
-
- private:
-  std::string text_;
-};
 
 /// The general sheet: QSOs, points, multipliers. This and the other three take title, category, tallies and
 /// score as they stand and replace the sheet. Throw RunTimeError for files, NotAvailable for CCC logs.
@@ -30,18 +19,19 @@ void make_za2c_zsm_CQWW(App& app);
 void make_za2c_zsm_CQWPX(App& app);
 /// WAEDC: QTCs and weighted multipliers.
 void make_za2c_zsm_WAEDC(App& app);
-/// The general sheet with the contest name that cont_name.txt holds; a missing cont_name.txt is made.
+/// The general sheet under the contest's name, "contest" when that is not known; a missing cont_name.txt is
+/// made.
 void Make_zlo2_za2c_zsm2(App& app);
 
-/// Puts everything behind the score line, writes the sheet's file, and offers it in the main window.
-void make_za2c_zsm_etc(App& app, SheetText& sheet);
+/// Puts everything behind the score line, ends the sheet, and offers it in the main window.
+void make_za2c_zsm_etc(App& app, TextWriter& sheet);
 
 /// Contest title of a log's own sheet. Throws NotAvailable for CCC logs.
 std::string sheet_title(const App& app);
 /// The sheet's lines of one settings line "KEY=value": none, one, or two.
 std::vector<std::string> sheet_lines_of_setting(std::string_view line);
 
-/// Keeps the contest chosen last in cont_name.txt.
-void write_cont_name(const App& app, std::string_view name);
+/// Keeps the contest chosen last in cont_name.txt. That it cannot be written is a notice.
+void write_cont_name(App& app, std::string_view name);
 
 }  // namespace varnisto

@@ -5,7 +5,7 @@
 namespace varnisto {
 
 void AppForm::run(const std::function<void()>& action) {
-  if (run_action(app, action).ends_program()) app.state.program.ending = true;
+  if (run_action(app, action).ends_program) app.state.program.ending = true;
   if (app.state.program.ending) closed = true;
 }
 

@@ -75,22 +75,19 @@ CategoryRewrite rewrite_category_line(std::string_view line, std::string_view ca
 std::string summary_to_rewrite(const InputState& input) {
   const auto* hit = std::ranges::find(generated_summaries, input.zsm_kind, &GeneratedSummary::zsm_kind);
   return hit == std::end(generated_summaries) ? input.zsm_name
-                                              : replace_all(input.zsm_name, ".zsm", hit->suffix);
+                                              : replace_in_name(input.zsm_name, ".zsm", hit->suffix);
 }
 
 void cmdRe_write_zlog_zsm_Click(App& app) {
   app.trace.line("Private Sub cmdRe_write_zlog_zsm_Click()");
   app.main.lblShori.text.clear();
   const std::string source = summary_to_rewrite(app.state.input);
-  const std::string scratch = app.state.input.zsm_name + "0";
-  {
-    TextReader summary{source};
-    TextWriter out{scratch};
-    rewrite_lines(app, summary, out, chosen_operator(app));
-    out.close();
-  }
-  replace_file(find_file(source).value_or(source), read_file(scratch));
-  delete_file(scratch);
+  const std::string path = find_file(source).value_or(source);
+  TextReader summary{path};
+  TextWriter out{app.outputs.create(path, Need::required, app.state.input.zsm_name)};
+  rewrite_lines(app, summary, out, chosen_operator(app));
+  out.close();
+  commit_outputs(app);
   show_summary(app);
   if (contains(app.state.contest.cont_id, "JIDX")) app.main.lblPower.text = jidx_power_label(app);
   zsm_disp_chk(app);

@@ -11,7 +11,12 @@ void Form::run_named(const Routines& routines, std::string_view name, int index)
 }
 
 void Form::load() {
-  run([this] { Form_Load(); });
+  bool loaded = false;
+  run([&] {
+    Form_Load();
+    loaded = true;
+  });
+  if (!loaded) closed = true;  // there is nothing to show
 }
 
 void Form::click(std::string_view name, int index) {

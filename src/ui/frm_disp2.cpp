@@ -16,7 +16,7 @@ void frmDisp2::Form_Load() {
   app.trace.line("Private Sub Form_Load()_frmDisp2");
   caption = app.state.display.disp_name;
   selected_.reset();
-  lines_ = TextLines::read(app.state.display.disp_name);
+  lines_ = TextLines::read(app.outputs.current(app.state.display.disp_name));
 }
 
 void frmDisp2::mnuBack_Click() {

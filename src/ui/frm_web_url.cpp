@@ -45,9 +45,10 @@ void frmWeb_URL::Form_Load() {
   const std::string& folder = app.state.program.app_dir;
   page = folder + "web_url.htm";
   TextReader links{folder + "web_url.txt"};
-  TextWriter out{page};
+  TextWriter out{app.outputs.create(page)};
   write_link_page(std::move(links), out);
   out.close();
+  commit_outputs(app);
   pane_.navigate(page);
 }
 

@@ -9,6 +9,7 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "core/main_options.h"
+#include "core/paths.h"
 #include "core/settings.h"
 #include "platform/program_folder.h"
 
@@ -34,7 +35,7 @@ std::string text_input(const InputState& input) {
 std::string output_ending(const InputState& input, std::string_view ext) {
   for (const std::string* name : {&input.out_name, &input.log_name, &input.cbr_name})
     if (name->ends_with(ext)) return *name;
-  return input.cbr_name.empty() ? "" : replace_all(input.cbr_name, ".cbr", ext);
+  return input.cbr_name.empty() ? "" : replace_in_name(input.cbr_name, ".cbr", ext);
 }
 
 template <std::string InputState::*name>
@@ -43,7 +44,7 @@ std::string named(const InputState& input) {
 }
 
 std::string generated_summary(const InputState& input, std::string_view suffix) {
-  return replace_all(input.zsm_name, ".zsm", suffix);
+  return replace_in_name(input.zsm_name, ".zsm", suffix);
 }
 
 using I = InputState;

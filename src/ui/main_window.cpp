@@ -158,6 +158,7 @@ void MainWindow::show_recent_files() {
 
 void MainWindow::Form_Load() {
   varnisto::Form_Load(app);
+  app.state.program.window_open = true;
   caption = app.main.caption;
   show_editor_state(app);
   show_recent_files();

@@ -6,6 +6,7 @@
 #include "base/cp932.h"
 #include "base/fields.h"
 #include "base/files.h"
+#include "base/os.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_reader.h"
@@ -202,7 +203,7 @@ void Make_cfg::Form_Load() {
   ng_count = 0;
   lblVer.text = "Varnisto.ini for Varnisto.exe  ver " + std::string{program_version};
   caption = app.state.program.ini_name + " 環境設定 ";
-  settle_old_settings(settings);
+  settle_old_settings(settings, app.platform.profile.exists(ini_path(app)));
   fill_islands();
   if (settings.iota_name_only.empty()) settings.iota_name_only = "0";
   show_island_option();
@@ -399,7 +400,8 @@ void Make_cfg::cmdOK_Click() {
   write_settings(app);
   app.state.settings.ini_version = program_version;
   if (file_exists(legacy_path(app)))
-    move_file(legacy_path(app), app.state.program.app_dir + "Varnisto_old.cfg");
+    os::rename_file(*find_file(legacy_path(app)), app.state.program.app_dir + "Varnisto_old.cfg",
+                    legacy_path(app));
   show(lblMsg, "作成終了", Color::blue);
   app.state.program.cfg_loaded = 1;
   kept_ = app.state.settings;

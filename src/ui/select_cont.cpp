@@ -19,7 +19,7 @@
 namespace varnisto {
 namespace {
 
-/// A mark in the upper-cased path and the row it suggests, unless the other mark is there too.
+/// A mark in the upper-cased name and the row it suggests, unless the other mark is there too.
 struct PathMark {
   int row;
   std::string_view mark;
@@ -77,6 +77,12 @@ void enable_group(OptionGroup& group, bool on) {
   for (OptionButton& option : group.options) option.enabled = on;
 }
 
+/// The overlay of a contest chosen earlier: only CQ WPX has them.
+void forget_overlay(App& app) {
+  app.state.category.overlay_cat.clear();
+  app.main.Label2.text.clear();
+}
+
 std::string jidx_powers(const std::string& title) {
   return lines({title, "               High Power(出力100wを超える局),",
                 "               Low Power(出力100w以下の局)"});
@@ -84,11 +90,18 @@ std::string jidx_powers(const std::string& title) {
 
 }  // namespace
 
-std::optional<int> contest_row_of_path(std::string_view upper_path) {
+std::optional<int> contest_row_of_name(std::string_view upper_name) {
   const auto* hit = std::ranges::find_if(path_marks, [&](const PathMark& rule) {
-    return contains(upper_path, rule.mark) && (rule.unless.empty() || !contains(upper_path, rule.unless));
+    return contains(upper_name, rule.mark) && (rule.unless.empty() || !contains(upper_name, rule.unless));
   });
   return hit == std::end(path_marks) ? std::nullopt : std::optional{hit->row};
+}
+
+std::optional<int> contest_row_of_path(std::string_view path) {
+  if (const auto row = contest_row_of_name(to_upper(file_part(path)))) return row;
+  std::string_view folder = folder_part(path);
+  folder.remove_suffix(folder.empty() ? 0 : 1);
+  return contest_row_of_name(to_upper(file_part(folder)));
 }
 
 SheetSteps sheet_steps_of(bool zlo_input, std::string_view contest_name, std::string_view cont_id) {
@@ -179,12 +192,20 @@ void SelectCont::preset_options() {
   select(Option5, hit == Option5.options.end() ? 0 : static_cast<int>(hit - Option5.options.begin()));
 }
 
+/// True when the logger's summary names this contest too: by its name, or by a title of the same code.
+bool SelectCont::agrees_with_title(std::string_view row) const {
+  if (is_blank(title_before_)) return false;
+  return contains(title_before_, row) || code_of_title(app_, title_before_) == code_of_title(app_, row);
+}
+
 void SelectCont::preset_contest() {
+  title_before_ = app_.state.contest.contest_name;
   if (app_.state.input.in_kind == "zlog_zlo") return search_zlo_no_zsm();
-  const auto row = contest_row_of_path(to_upper(app_.state.input.in_name));
+  const auto row = contest_row_of_path(app_.state.input.in_name);
   if (row && *row < static_cast<int>(List1.items.size())) {
     List1.selected = *row;
-    List1_Click();  // scans the log
+    take_row();  // scans the log
+    guessed_ = !agrees_with_title(List1.items[static_cast<std::size_t>(*row)]);
   } else {
     get_mode_band_all(app_);
   }
@@ -220,6 +241,12 @@ void SelectCont::preset_precedence() {
 // ---- choices ----------------------------------------------------------------------------------------------
 
 void SelectCont::List1_Click() {
+  guessed_ = false;
+  take_row();
+}
+
+/// The chosen contest with all that hangs on it.
+void SelectCont::take_row() {
   app_.trace.line("Private Sub List1_Click()");
   if (List1.selected < 0) return;
   const std::string name = List1.items.at(static_cast<std::size_t>(List1.selected));
@@ -373,13 +400,15 @@ void SelectCont::cmdOK_Click() {
   varnisto::Option1_Click(app_, index_of(Option1));
   varnisto::Option3_Click(app_, index_of(Option3));
   All_Option_Check();  // last: these values hold where the two windows differ
-  state.category.dialog_shown = state.category.transmitter_chosen = true;
+  state.category.transmitter_chosen = true;
   if (!zlo) {
     state.input.z2a_name = state.input.in_name;
     state.contest.select_from = "za2c_zsm";
     set_category_za2c_zsm(app_);
   }
   make_sheet(steps);
+  state.category.dialog_shown = true;
+  state.notes.set({NoteKind::contest_guessed, guessed_ ? 1 : 0, 0, state.contest.contest_name});
   show_category();
   if (contains(state.contest.cont_id, "JIDX")) app_.main.lblPower.text = jidx_power_label(app_);
   show_summary(app_);
@@ -420,6 +449,8 @@ void SelectCont::finish() {
   if (is_cq_wpx(app_.state.contest.cont_id) && file_exists(app_.state.program.app_dir + "OVERLAY.txt")) {
     category.overlay_caller = "select_cont";
     app_.desk.show(FormName::frmOVERLAY);
+  } else if (!is_cq_wpx(app_.state.contest.cont_id)) {
+    forget_overlay(app_);
   }
   closed = !category.overlay_back;
 }

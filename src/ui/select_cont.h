@@ -11,8 +11,9 @@
 
 namespace varnisto {
 
-/// Row of `List1` that a log's path suggests, by marks in the upper-cased path; nothing when it holds none.
-std::optional<int> contest_row_of_path(std::string_view upper_path);
+/// Row of `List1` that a log's path suggests, by marks in its name, else in its folder's name; nothing when
+/// neither holds one.
+std::optional<int> contest_row_of_path(std::string_view path);
 
 /// What OK runs to make the summary.
 enum class SheetSteps {
@@ -72,6 +73,8 @@ class SelectCont final : public Form {
  private:
   void connect_events();
   void preset_contest();
+  bool agrees_with_title(std::string_view row) const;
+  void take_row();
   void preset_options();
   void preset_precedence();
   void select_scanned_options(int mode, int band);
@@ -83,6 +86,8 @@ class SelectCont final : public Form {
   void finish();
 
   App& app_;
+  std::string title_before_;             ///< the contest as it was known when the dialog opened
+  bool guessed_ = false;                 ///< the row is preset from the log's path alone
   std::optional<int> power_before_log_;  ///< the power chosen before the log's own was taken
 };
 

@@ -66,15 +66,30 @@ TEST(Check, ReportsToTheLetter) {
   }
 }
 
+TEST(Check, CountsEveryFindingAndKeepsTheFirstThousand) {
+  std::string text;
+  for (int i = 0; i < 200; ++i) text += "QSO:\r\n";
+  TextReader log = TextReader::from_bytes(text);
+  Report report;
+  const CheckResult result = check_cabrillo(log, "in.all", "out.cbr", report);
+  EXPECT_EQ(result.finding_count, 2000);
+  EXPECT_EQ(result.findings.size(), most_findings);
+  EXPECT_EQ(result.errors, 200);
+}
+
 TEST(Check, ShowsAReportWithFindingsAndDeletesOneWithout) {
   StartedApp test;
   test.app.state.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
   EXPECT_EQ(check_Cabrillo_sub(test.app).findings, std::vector<std::string>{"NAME: 項目が空白です。"});
+  EXPECT_FALSE(test.folder.has("check_Cabrillo.txt"));
+  test.app.outputs.commit();
+  show_check_report(test.app);
   EXPECT_EQ(test.desk.forms, std::vector{FormName::frmDisp2});
   EXPECT_EQ(test.app.state.display.disp_name, test.folder.path() + "check_Cabrillo.txt");
   EXPECT_TRUE(test.folder.has("check_Cabrillo.txt"));
   test.folder.write("out.cbr", "NAME: x\r\n");
   EXPECT_EQ(check_Cabrillo_sub(test.app).errors, 0);
+  test.app.outputs.commit();
   EXPECT_FALSE(test.folder.has("check_Cabrillo.txt"));
 }
 

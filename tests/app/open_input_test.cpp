@@ -32,6 +32,10 @@ TEST(Open, RecognisesTheKind) {
                    "CCC の txt 形式ではありません。\r\n正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。"},
                Row{"d.all", "zLog\r\n  \r\n", "zlog_all", "zlog_all_zsm0", "d_za2c.zsm", 1,
                    std::string{no_qso_text}},
+               Row{"d.all", "zLog\r\n  \r\nQSO: 7000 CW 2025-11-29\r\n", "zlog_all", "zlog_all_zsm0",
+                   "d_za2c.zsm", 1, std::string{no_all_log_text}},
+               Row{"d.all", "zLog\r\n2025/1a/29\r\n202511/29\r\n", "zlog_all", "zlog_all_zsm0", "d_za2c.zsm",
+                   1, std::string{no_all_log_text}},
                Row{"e.xyz", "", "", "", "", 1,
                    "対応していない形式のファイルです。\r\n*.all , *.zlo , *.txt , *.bin "
                    "のファイルを指定して下さい。"})) {

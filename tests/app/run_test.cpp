@@ -1,12 +1,18 @@
 // Start, one run, exit.
 
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "app/action.h"
 #include "app/driver.h"
 #include "app/start_up.h"
+#include "base/interruption.h"
 #include "base/text.h"
+#include "cabrillo/writer.h"
+#include "support/other_user.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -73,12 +79,121 @@ TEST_F(Run, LeavesTwoEqualLogsAndNoScratchFiles) {
             (std::vector{work.path() + "QX1ABC.cbr", work.path() + "QX1ABC.log"}));
 }
 
-TEST_F(Run, AFolderThatTakesNoFileIsAnErrorNotAShortLog) {
-  std::filesystem::create_directory(work.path() + "QX1ABC.cbr");
+/// What stands in the way of a run, and the error it ends with.
+struct Fault {
+  const char* name;
+  std::function<void(TestApp&, const TempDir&)> plant;
+  std::function<void()> mend;
+  int error;
+};
+
+/// While this lives no file may grow.
+void limit_file_size(rlim_t bytes) {
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  limit.rlim_cur = bytes;
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST(AFailingStep, LeavesEveryEarlierFileAsItWas) {
+  const auto nothing = [] {};
+  const auto utc = [](TestApp& test, const TempDir&) { test.app.main.Check6.checked = true; };
+  const auto folder = [](const char* name) {
+    return [name](TestApp&, const TempDir& work) { std::filesystem::create_directory(work.path() + name); };
+  };
+  const auto linked = [](const char* input, const char* name) {
+    return [=](TestApp&, const TempDir& work) {
+      std::filesystem::create_hard_link(work.path() + input, work.path() + name);
+    };
+  };
+  const Fault faults[] = {
+      {"no minute, with UTC", utc, nothing, 13},
+      {"the second copy is a folder", folder("QX1ABC.log"), nothing, 75},
+      {"the ADIF file is a folder", folder("QX1ABC.adi"), nothing, 75},
+      {"the second copy is a link to the log", linked("a.all", "QX1ABC.log"), nothing, 75},
+      {"the ADIF file is a link to the summary", linked("a.zsm", "QX1ABC.adi"), nothing, 75},
+      {"the disk is full", [](TestApp&, const TempDir&) { limit_file_size(64); },
+       [] { limit_file_size(RLIM_INFINITY); }, 61},
+      {"the folder takes no files",
+       [](TestApp&, const TempDir& work) {
+         std::filesystem::permissions(work.path(), std::filesystem::perms{0555});
+       },
+       nothing, 70},
+  };
+  install_signal_handlers();
+  for (const Fault& fault : faults) {
+    SCOPED_TRACE(fault.name);
+    StartedApp test;
+    TempDir work;
+    work.write("a.zsm", "CQWW DX Contest\r\nCategory: Single-op 7 MHz CW\r\nTotal score : 5\r\n");
+    const std::string time = fault.error == 13 ? "99:99" : "00:12";
+    test.open(work.write("a.all", "zLog\r\n" + all_line({}) + "\r\n" + all_line({.time = time}) + "\r\n"));
+    work.write("QX1ABC.cbr", "earlier");
+    work.write("QX1ABC.cbr_2", "earlier");
+    test.app.main.Check3.checked = true;
+    fault.plant(test, work);
+    const auto before = work.files();
+    const OtherUser no_root{{work.path(), test.folder.path()}};
+    const ActionResult result = run_action(test.app, [&] { kaishi_Click(test.app); });
+    fault.mend();
+    EXPECT_EQ(result.kind, ActionResult::failed);
+    EXPECT_EQ(result.number, fault.error) << result.text;
+    EXPECT_EQ(work.files(), before);
+    EXPECT_EQ(test.desk.hourglass_on, 0);
+  }
+}
+
+TEST_F(Run, AProgramFolderThatCannotBeWrittenCostsANotice) {
+  std::filesystem::create_directories(test.folder.path() + "check_Cabrillo.txt/full");
+  kaishi_Click(test.app);
+  EXPECT_TRUE(work.has("QX1ABC.cbr") && work.has("QX1ABC.log"));
+  ASSERT_EQ(test.desk.boxes.size(), 2U);
+  EXPECT_TRUE(contains(test.desk.boxes[0].text, "check_Cabrillo.txt")) << test.desk.boxes[0].text;
+}
+
+/// Runs a log of these lines; answers name, count and line of every note.
+std::string notes_of(TestApp& test, const std::string& log_name, const std::string& op,
+                     const std::string& lines) {
+  for (const char* summary : {"a.zsm", "b.zsm"})
+    test.work.write(summary, "CQWW DX Contest\r\nCategory: " + op + " 7 MHz CW\r\nTotal score : 5\r\n");
+  test.open(test.work.write(log_name, "zLog\r\n" + lines));
   const ActionResult result = run_action(test.app, [&] { kaishi_Click(test.app); });
-  EXPECT_EQ(result.kind, ActionResult::failed);
-  EXPECT_EQ(result.number, 75);
-  EXPECT_EQ(test.desk.hourglass_on, 0);
+  std::string text = result.kind == ActionResult::done ? "" : result.text;
+  for (const Note& note : test.app.state.notes.all())
+    text.append(text.empty() ? "" : " ").append(note_name(note.kind)) +=
+        "/" + std::to_string(note.count) + "/" + std::to_string(note.line);
+  return text;
+}
+
+TEST(Notes, TellWhatTheLinesDoNotSay) {
+  const std::string end = "\r\n", good = all_line({}) + end;
+  const std::string no_mode = all_line({.mode = "FT8"}) + end,
+                    no_band = all_line({.band = "50", .memo = "(50125)"}) + end;
+  const std::string unsent = all_line({.rcvd = "", .mode = "FT8"}) + end,
+                    tx = all_line({.memo = "TX#2"}) + end;
+  const std::string tx0 = all_line({.memo = "TX#0"}) + end;
+  struct Row {
+    std::string log, lines, setting, notes;
+  };
+  for (const Row& row :
+       rows_of(Row{"a.all", good + good, "", ""},
+               Row{"a.all", good + "\x1A" + good + "\r\n\t\x1A\r\n" + good, "", "after_eof/2/3"},
+               Row{"a.all", good + end + unsent + unsent, "", "left_out/2/4"},
+               Row{"a.all", no_mode + good + no_mode, "", "mode_kept/2/2"},
+               Row{"a.all", good + no_band, "", "band_kept/1/3"},
+               Row{"a.all", good + no_band, "get_freq_flag", ""}, Row{"a.all", good + tx + good, "", ""},
+               Row{"a.all", good + tx + good, "multi", "tx_kept/2/2"},
+               Row{"b.ALL", good + tx + tx0 + tx, "multi", "tx_dropped/2/3"},
+               Row{"a.all", unsent, "", std::string{no_qso_text} + " left_out/1/2"})) {
+    SCOPED_TRACE(row.notes);
+    TestApp test;
+    const bool multi = row.setting == "multi";
+    if (!multi && !row.setting.empty()) test.set(row.setting, "1");
+    test.start();
+    EXPECT_EQ(notes_of(test, row.log, multi ? "Multi-Two" : "Single-op", row.lines), row.notes);
+    for (const Note& note : test.app.state.notes.all())
+      EXPECT_TRUE(contains(test.app.main.Text1.text, note_text(note)) || contains(row.notes, no_qso_text));
+  }
 }
 
 }  // namespace

@@ -1,11 +1,13 @@
 #include "base/files.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include "base/fields.h"
+#include "base/text.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
 #include "support/errors.h"
@@ -19,11 +21,15 @@ namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
 using namespace std::literals;
 
-Strings all_lines(TextReader reader) {
+Strings all_lines(TextReader& reader) {
   Strings lines;
   for (std::string_view line; reader.next(line);) lines.emplace_back(line);
   EXPECT_EQ(reader.line_number(), lines.size());
   return lines;
+}
+
+Strings all_lines(TextReader&& reader) {
+  return all_lines(reader);
 }
 
 TEST(Lines, AreTheSameFromFileAndMemory) {
@@ -46,6 +52,83 @@ TEST(Lines, AreTheSameFromFileAndMemory) {
     const std::string path = dir.write("log.all", row.bytes);
     EXPECT_EQ(all_lines(TextReader{path}), row.lines);
     EXPECT_EQ(all_lines(TextReader::from_bytes(row.bytes)), row.lines);
+  }
+}
+
+/// How many lines can be read, or the number and the place of the error that stops it.
+std::string outcome(TextReader reader) {
+  try {
+    return std::to_string(all_lines(reader).size()) + " lines";
+  } catch (const RunTimeError& error) {
+    return std::to_string(error.number) + " " + error.what();
+  }
+}
+
+TEST(TextReader, RefusesALineThatIsTooLong) {
+  const std::string longest(1048576, 'x');
+  const std::string katakana(1048576, '\xB1');  // longer as UTF-8
+  struct Row {
+    std::string bytes, outcome;
+  };
+  for (const Row& row :
+       rows_of(Row{longest, "1 lines"}, Row{longest + "\r\n" + longest + "\n", "2 lines"},
+               Row{katakana + "\r\n" + katakana, "2 lines"},
+               Row{"a\n" + longest + "\x1A" + longest + "\n" + longest + longest, "2 lines"},
+               Row{longest + "x", "5 log: 1 行目"}, Row{"a\n\n" + longest + "x\nb", "5 log: 3 行目"},
+               Row{"a\n" + longest + "x\r\n", "5 log: 2 行目"}, Row{katakana + "\xB1\n", "5 log: 1 行目"},
+               Row{longest + "x\x1A\n", "5 log: 1 行目"})) {
+    SCOPED_TRACE(row.outcome);
+    TempDir dir;
+    EXPECT_EQ(replace_all(outcome(TextReader{dir.write("log", row.bytes)}), dir.path(), ""), row.outcome);
+    EXPECT_EQ(outcome(TextReader::from_bytes(row.bytes, "log")), row.outcome);
+  }
+}
+
+long peak_kib() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+TEST(TextReader, HoldsNoMoreOfAnEndlessLineThanItTakesToRefuseIt) {
+  TempDir dir;
+  const std::string path = dir.write("log.all", "");
+  fs::resize_file(path, 256 << 20);
+  const long before = peak_kib();
+  EXPECT_EQ(outcome(TextReader{path}), "5 " + path + ": 1 行目");
+  EXPECT_LT(peak_kib() - before, 16 << 10);
+}
+
+void expect_after_end(TextReader reader, const AfterEnd& expected) {
+  all_lines(reader);
+  const AfterEnd found = reader.after_end();
+  EXPECT_EQ(found.lines, expected.lines);
+  EXPECT_EQ(found.first_line, expected.first_line);
+  EXPECT_EQ(reader.after_end().lines, 0);
+  std::string_view line;
+  EXPECT_FALSE(reader.next(line));
+}
+
+TEST(TextReader, CountsTheLinesBehindTheEnd) {
+  constexpr std::size_t buffer = 65536;
+  const std::string wide(3 * buffer, 'x');
+  const std::string blanks(3 * buffer, ' ');
+  struct Row {
+    std::string bytes;
+    AfterEnd found;
+  };
+  for (const Row& row : rows_of(
+           Row{"", {}}, Row{"a\nb\n", {}}, Row{"a\nb\x1A", {}}, Row{"a\n\x1A", {}},
+           Row{wide + "\n" + wide, {}}, Row{"a\n\x1A\x1A \t\0\x7F\r\n\n\x1F\n\x1A"s, {}},
+           Row{"a\nb\x1A!", {1, 2}}, Row{"a\n\x1A\x1A!\n", {1, 2}}, Row{"\x1A\r\n\nb\r\n \nc\x1A\nd", {3, 3}},
+           Row{"\x1A\n\xB1\n", {1, 2}}, Row{std::string(buffer - 1, 'a') + "\x1A!\nc", {2, 1}},
+           Row{std::string(buffer, 'a') + "\x1A\nc", {1, 2}},
+           Row{std::string(buffer - 2, 'a') + "\x1A\n" + "c", {1, 2}}, Row{wide + "\x1A" + blanks, {}},
+           Row{"\x1A\n" + blanks + "\n" + blanks + wide + "\n" + wide, {2, 3}})) {
+    SCOPED_TRACE(row.bytes.substr(0, 20));
+    TempDir dir;
+    expect_after_end(TextReader{dir.write("log.all", row.bytes)}, row.found);
+    expect_after_end(TextReader::from_bytes(row.bytes), row.found);
   }
 }
 
@@ -83,7 +166,7 @@ TEST(TextReader, OpensFilesOfAnyCaseAndSaysWhatItCannotOpen) {
 TEST(TextWriter, EndsLinesWithCrLfAndKeepsOrderAroundFlushes) {
   TempDir dir;
   const std::string longer(70000, 'x');
-  TextWriter writer{dir.path() + "out"};
+  TextWriter writer = TextWriter::scratch(dir.path() + "out");
   for (const std::string_view line : {"表A"sv, std::string_view{longer}, ""sv}) writer.put(line);
   writer.close();
   EXPECT_EQ(dir.read("out"),
@@ -94,7 +177,7 @@ TEST(TextWriter, EndsLinesWithCrLfAndKeepsOrderAroundFlushes) {
 
 TEST(TextWriter, EncodesLinesAmongPlainOnes) {
   TempDir dir;
-  TextWriter writer{dir.path() + "out", Unmappable::question_mark};
+  TextWriter writer = TextWriter::scratch(dir.path() + "out");
   std::string expected;
   for (int i = 0; i < 20000; ++i) {
     const bool plain = i % 7 != 0;
@@ -107,19 +190,17 @@ TEST(TextWriter, EncodesLinesAmongPlainOnes) {
 
 TEST(TextWriter, AWriteThatFailsIsAnError) {
   TempDir dir;
-  TextWriter full{"/dev/full"};
+  const int full_device = ::open("/dev/full", O_WRONLY);
+  TextWriter full{FileHandle::adopt(os::Descriptor{full_device}, "full")};
   full.put("x");
   EXPECT_EQ(error_of([&] { full.close(); }), 61);
-  EXPECT_EQ(error_of([&] { TextWriter{dir.path() + "none/out"}; }), 76);
-  EXPECT_EQ(error_of([&] { TextWriter{dir.path()}; }), 75);
-  TextWriter writer{dir.path() + "out"};
-  writer.put("\u20AC");
-  EXPECT_EQ(error_of([&] { writer.close(); }), 5);
+  EXPECT_EQ(error_of([&] { TextWriter::scratch(dir.path() + "none/out"); }), 76);
+  EXPECT_EQ(error_of([&] { TextWriter::scratch(dir.path()); }), 75);
 }
 
 TEST(TextWriter, LinesThatTheDiskRefusedAreEncodedOnce) {
   TempDir dir;
-  TextWriter writer{dir.path() + "out"};
+  TextWriter writer = TextWriter::scratch(dir.path() + "out");
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
   const auto on_full = std::signal(SIGXFSZ, SIG_IGN);
@@ -155,44 +236,35 @@ TEST(Fields, AreReadOverLineEnds) {
   }
 }
 
-TEST(Files, NumberedScratchFilesAreThoseWithExactlyOneMoreCharacter) {
+TEST(TextWriter, ControlCharactersButTabsBecomeBlanks) {
+  TempDir dir;
+  TextWriter writer = TextWriter::scratch(dir.path() + "out");
+  for (const std::string_view line : {"a\x1B[31m\tb\r"sv, "表\0\x7F\x1A"sv, "\x01"sv, "plain"sv})
+    writer.put(line);
+  writer.close();
+  EXPECT_EQ(dir.read("out"), "a [31m\tb \r\n\x95\x5C   \r\n \r\nplain\r\n");
+}
+
+TEST(Files, LeftoversOfAnOutputAreTheFilesWithANumberOrOneCharacterMore) {
   TempDir dir;
   for (const char* name :
-       {"a.cbr", "a.cbr_", "a.cbr_2", "a.cbr_22", "a.cbr_字", "b.cbr_2", "q1.csv", "q12.csv"})
+       {"a.cbr", "a.cbr_", "a.cbr_2", "a.cbr_22", "a.cbr_字", "b.cbr_2", "a.cbr2", "a.cbr22"})
     dir.write(name, "");
-  delete_numbered(dir.path() + "a.cbr_");
-  delete_numbered(dir.path() + "q", ".csv");
-  delete_numbered(dir.path() + "none/a");
+  fs::create_directory(dir.path() + "a.cbr_3");
+  EXPECT_EQ(delete_leftovers(dir.path() + "a.cbr"), Strings{});
+  EXPECT_EQ(delete_leftovers(dir.path() + "none/a"), Strings{});
   Strings left_over;
   for (const auto& [name, bytes] : dir.files()) left_over.push_back(name);
-  EXPECT_EQ(left_over, (Strings{"a.cbr", "a.cbr_", "a.cbr_22", "b.cbr_2", "q12.csv"}));
+  EXPECT_EQ(left_over, (Strings{"a.cbr", "a.cbr22", "a.cbr_", "a.cbr_22", "b.cbr_2"}));
+  EXPECT_TRUE(dir.has("a.cbr_3"));
 }
 
-TEST(Files, CopiesByteForByteAndDeletesWhatIsThere) {
+TEST(Files, CopiesByteForByte) {
   TempDir dir;
   const std::string bytes = std::string(200000, '\x83') + "\0\x1A\r"s;
-  copy_file(dir.write("from", bytes), dir.path() + "to");
+  copy_file(dir.write("from", bytes), FileHandle::create_new(dir.path() + "to"));
   EXPECT_EQ(dir.read("to"), bytes);
-  EXPECT_EQ(error_of([&] { copy_file(dir.path() + "from", "/dev/full"); }), 61);
-  EXPECT_EQ(error_of([&] { delete_file(dir.path() + "none"); }), 0);
   EXPECT_EQ(line_breaks_plus_one(dir.write("n", "a\r\nb\nc")), 3);
-}
-
-TEST(Files, ReplacingKeepsPermissionsAndFollowsLinks) {
-  TempDir dir;
-  const std::string real = dir.write("real.ini", "old");
-  fs::permissions(real, fs::perms::owner_read | fs::perms::owner_write);
-  fs::create_symlink(real, dir.path() + "link.ini");
-  replace_file(dir.path() + "link.ini", "new");
-  EXPECT_EQ(dir.read("real.ini"), "new");
-  EXPECT_TRUE(fs::is_symlink(dir.path() + "link.ini"));
-  EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-  EXPECT_EQ(error_of([&] { replace_file(dir.path() + "none/x.ini", ""); }), 76);
-  move_file(dir.write("fresh", "newer"), dir.path() + "link.ini");
-  EXPECT_EQ(dir.read("real.ini"), "newer");
-  EXPECT_TRUE(fs::is_symlink(dir.path() + "link.ini"));
-  EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-  EXPECT_EQ(dir.files().size(), 2U);  // no scratch file stays
 }
 
 TEST(Files, AbsolutePathsHoldNoDotsAndFollowLinksInFrontOfThem) {

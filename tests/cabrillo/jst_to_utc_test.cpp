@@ -62,6 +62,7 @@ TEST(ConvJ2U, ConvertsTheFileThatWasWrittenAndNothingElse) {
                                     "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
                                     "END-OF-LOG:\n");
     conv_J2U(test.app);
+    test.app.outputs.commit();
     EXPECT_EQ(test.work.files().size(), 1U);
     EXPECT_EQ(test.work.read_text(row),
               "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
@@ -85,6 +86,7 @@ TEST(ConvJ2UBadDate, NamesTheLineAndLeavesTheLog) {
     EXPECT_NE(std::string{error.what()}.find(": 2 行目: QSO: 14025 CW 2003-02-30"), std::string::npos)
         << error.what();
   }
+  test.app.outputs.back_to(0);
   EXPECT_EQ(test.work.files().size(), 1U);
   EXPECT_EQ(test.work.read_text("QX1ABC.cbr"), text);
 }

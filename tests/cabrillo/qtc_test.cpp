@@ -41,7 +41,7 @@ TEST(QtcMemos, AreTakenWhenReceiverDateAndTimeAreThere) {
                    {"2/10 QX9EUR 2025-08-09 0712 20m"},
                    1})) {
     SCOPED_TRACE(row.name);
-    IncompleteMemos incomplete;
+    Occurrences incomplete;
     std::vector<std::string> complete;
     for_each_qtc(row.line, 3, incomplete, [&](const QtcMemo& memo) {
       const QtcTime when = qtc_time(memo, false);
@@ -90,7 +90,7 @@ TEST(WaedcRuns, GiveMergedLogAndQtcLog) {
     EXPECT_EQ(test.app.state.input.outputs,
               (std::vector<std::string>{test.work.path() + "QX1ABC.cbr", test.work.path() + "QX1ABC.qlg",
                                         test.work.path() + "QX1ABC.log"}));
-    EXPECT_TRUE(std::filesystem::is_empty(test.app.state.program.tmp_dir));
+    EXPECT_TRUE(std::filesystem::is_empty(test.app.tmp_dir.path()));
     ASSERT_FALSE(test.desk.boxes.empty());
     EXPECT_EQ(test.desk.boxes.front().text,
               "QTC のメモ 2 件は、相手局・日付・時刻がそろっていません。\r\n"

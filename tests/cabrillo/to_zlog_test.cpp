@@ -92,9 +92,11 @@ TEST(ToZlogRun, TakesQsoLinesOnly) {
                                                  "START-OF-LOG: 3.0\nX-QSO:  7000 CW 2025-11-29 0012\n"
                                                  "SOAPBOX: QSO: none\nQTC:  7000 CW 2025-11-29 0012\n"
                                                  "END-OF-LOG:\n"));
-  kaishi_Click(test.app);
-  EXPECT_EQ(test.work.read_text("log_c2z.txt"), std::string{zlog_text_titles} + "\n");
-  EXPECT_EQ(test.app.main.Text1.text, no_qso_text);
+  test.work.write("log_c2z.txt", "earlier");
+  EXPECT_THROW(kaishi_Click(test.app), Refusal);
+  test.app.outputs.back_to(0);
+  EXPECT_EQ(test.work.files().size(), 2U);
+  EXPECT_EQ(test.work.read("log_c2z.txt"), "earlier");
 }
 
 }  // namespace

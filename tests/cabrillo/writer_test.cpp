@@ -37,6 +37,7 @@ class OwnCategory : public testing::Test {
     app.state.contest.contest_name = title;
     app.state.input.in_name = work.write_text("log.all", log_of(qsos));
     zlog_all_za2c_print(app);
+    app.outputs.commit();
   }
 
   TestApp test;

@@ -1,9 +1,13 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "base/text.h"
+#include "cli/console.h"
 #include "cli/run_cli.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -78,6 +82,131 @@ TEST_F(Cli, SettingsAreWrittenAndPrinted) {
   EXPECT_EQ(run({"settings", "NAME=Hanako Mihon"}), 0) << err.str();
   EXPECT_EQ(run({"settings"}), 0);
   EXPECT_TRUE(contains(out.str(), "\nNAME=Hanako Mihon\n")) << out.str();
+}
+
+TEST_F(Cli, ABatchGoesOnWhateverHappensToALog) {
+  const std::string endless = work.write_text("endless.ALL", "zLog\n2025/11/29 " + std::string(1100000, 'x'));
+  EXPECT_EQ(run({"convert", "--json", endless, work.path(), log}), 1);
+  const auto objects = split(out.str(), '\n');
+  ASSERT_EQ(objects.size(), 4U);
+  EXPECT_TRUE(contains(objects[0], "\"outputs\":[]")) << objects[0];
+  EXPECT_TRUE(contains(objects[0], "\"error\":{\"number\":5,")) << objects[0];
+  EXPECT_TRUE(contains(objects[1], "\"error\":{\"number\":0,")) << objects[1];
+  EXPECT_TRUE(objects[2].ends_with("\"ok\":true,\"error\":null}")) << objects[2];
+
+  std::filesystem::remove(test.folder.path() + "Varnisto.ini");
+  std::filesystem::create_directory(test.folder.path() + "Varnisto.ini");
+  EXPECT_EQ(run({"convert", "--json", log, log}), 1);
+  ASSERT_EQ(split(out.str(), '\n').size(), 3U);
+  EXPECT_TRUE(contains(out.str(), "\"error\":{\"number\":75,")) << out.str();
+  EXPECT_EQ(run({"settings"}), 1);
+}
+
+TEST_F(Cli, NotesAndBytesThatAreNoTextAreInTheReportAndInJson) {
+  const std::string odd = work.write_text("a\xFF.ALL", "zLog\n" + all_line({}) + "\n\x1A" + all_line({}));
+  work.write_text("a\xFF.zsm", "CQWW DX Contest\nCategory: Single-op All band CW\nTotal score : 1\n");
+  EXPECT_EQ(run({"convert", "--json", odd}), 0) << err.str();
+  EXPECT_TRUE(contains(out.str(), "{\"input\":\"" + work.path() + "a\\udcff.ALL\"")) << out.str();
+  EXPECT_TRUE(
+      contains(out.str(), "\"finding_count\":0,\"notes\":[{\"kind\":\"after_eof\",\"count\":1,\"line\":3,"))
+      << out.str();
+  EXPECT_EQ(run({"convert", odd}), 0);
+  EXPECT_TRUE(contains(out.str(), "\n  note      終端文字")) << out.str();
+}
+
+TEST_F(Cli, AGuessedContestIsTold) {
+  struct Row {
+    std::string title;  ///< of the summary; empty: there is none
+    bool asked, told;
+  };
+  for (const Row& row :
+       rows_of(Row{"", false, true}, Row{"", true, false}, Row{"JIDX Contest 2025", false, false},
+               Row{"The JIDX Contest", false, false}, Row{"JIDX-X", false, true})) {
+    SCOPED_TRACE(row.title);
+    const std::string jidx = work.write_text("jidx.ALL", "zLog\n" + all_line({}) + "\n");
+    std::filesystem::remove(work.path() + "jidx.zsm");
+    if (!row.title.empty())
+      work.write_text("jidx.zsm", row.title + "\nCategory: Single-op All band CW\nTotal score : 1\n");
+    std::vector<std::string> arguments = {"convert", "--json", jidx};
+    if (row.asked) arguments.insert(arguments.end(), {"--contest", "JIDX Contest"});
+    EXPECT_EQ(run(arguments), 0) << err.str();
+    EXPECT_EQ(contains(out.str(), "contest_guessed"), row.told) << out.str();
+  }
+}
+
+TEST_F(Cli, CheckRefusesAFileWithoutAQsoAndStreamsTheRest) {
+  EXPECT_EQ(run({"check", work.write_text("a.cbr", "NAME:\nEND-OF-LOG:\n")}), 1);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_TRUE(contains(err.str(), "ログに交信データがありません。"));
+  const std::string file = work.write_text("b.cbr",
+                                           "x\nNAME:\nQSO:\ny\n\x1A"
+                                           "z");
+  EXPECT_EQ(run({"check", file}), 0);
+  EXPECT_TRUE(out.str().starts_with("入力ファイル名 ： " + file + "\n出力ファイル名 ： " + file +
+                                    "\n\n\nNAME: 項目が空白です。\n\n\n\n   "))
+      << out.str();
+  EXPECT_TRUE(out.str().ends_with("his exch が空白です。\n\n\n")) << out.str();
+  EXPECT_TRUE(contains(err.str(), "終端文字"));
+  EXPECT_EQ(run({"check", "--json", file}), 0);
+  EXPECT_TRUE(contains(out.str(), "\"finding_count\":11,")) << out.str();
+}
+
+TEST_F(Cli, WrongUsageIsTwo) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"settings", "JIDX_no_Disp_flag=99999"},
+        {"settings", "NAME=a\x1B"},
+        {"settings", "NAME=\u20AC"},
+        {"convert", "--set", "NAME=a\x07", log},
+        {"--version"}})
+    EXPECT_EQ(run(arguments), 2) << arguments.back();
+  EXPECT_EQ(run_cli({"--app-dir", work.path() + "none", "settings"}, out, err), 2);
+  EXPECT_EQ(run_cli({"--app-dir", work.path(), "settings"}, out, err), 4);
+  EXPECT_TRUE(contains(err.str(), "contest_name.cfg")) << err.str();
+  EXPECT_EQ(run({"convert", "--help"}), 0);
+  EXPECT_FALSE(contains(out.str(), "{false}"));
+  out.setstate(std::ios::badbit);
+  EXPECT_EQ(run_cli({"--version"}, out, err), 1);
+}
+
+TEST_F(Cli, TwoRunsOfOneLogGiveAWholePairFromOne) {
+  std::string text = "zLog\n";
+  for (int i = 0; i < 2000; ++i) text += all_line({.call = "QX" + std::to_string(i)}) + "\n";
+  work.write_text("QX1ABC.ALL", text);
+  const std::string other = test.work.write_text("b.ALL", "zLog\n" + all_line({.call = "QX0"}) + "\n");
+  std::filesystem::copy(work.path() + "QX1ABC.zsm", work.path() + "b.zsm");
+  convert("--utc");
+  const std::string whole = work.read("QX1ABC.cbr");
+  run({"convert", "--utc", other});
+  const std::string small = work.read("QX1ABC.cbr");
+  for (int round = 0; round < 10; ++round) {
+    for (const std::string& input : {log, other})
+      if (::fork() == 0) ::_exit(run({"convert", "--utc", input}));
+    for (int status = 0; ::wait(&status) > 0;) EXPECT_EQ(status, 0);
+    EXPECT_EQ(work.read("QX1ABC.cbr"), work.read("QX1ABC.log"));
+    EXPECT_TRUE(work.read("QX1ABC.cbr") == whole || work.read("QX1ABC.cbr") == small);
+  }
+  EXPECT_EQ(work.files().size(), 6U);
+}
+
+TEST_F(Cli, FourSettingsWritersLoseNothing) {
+  const std::string values[] = {"NAME=N1", "OPERATORS=O1", "ADDRESS1=A1", "eQSLcom=E1"};
+  for (const std::string& value : values)
+    if (::fork() == 0) ::_exit(run({"settings", value}));
+  for (int status = 0; ::wait(&status) > 0;) EXPECT_EQ(status, 0);
+  const std::string ini = test.folder.read("Varnisto.ini");
+  for (const std::string& value : values) EXPECT_TRUE(contains(ini, "\r\n" + value + "\r\n")) << ini;
+  EXPECT_TRUE(contains(ini, "CALLSIGN=QX1ABC\r\n"));
+}
+
+TEST(Console, ControlCharactersAreShownOrBlank) {
+  for (const auto& [controls, text] :
+       {std::pair{Controls::caret, "a^[[1m\tb^?^M\n"}, {Controls::blank, "a [1m\tb  \n"}}) {
+    std::stringbuf below;
+    ConsoleBuffer buffer{below, controls};
+    std::ostream stream{&buffer};
+    stream << "a\x1B[1m\tb" << '\x7F' << "\r\n" << std::flush;
+    EXPECT_EQ(below.str(), text);
+  }
 }
 
 TEST_F(Cli, ToZlogWritesALoggersText) {

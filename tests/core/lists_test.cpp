@@ -62,15 +62,14 @@ TEST_P(AssistedList, FirstEntryOfAContestDecides) {
   EXPECT_EQ(assisted_flag(app), GetParam().flag);
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, AssistedList,
-                         testing::Values(AssistedCase{"; only\n;comments\n", 0, 1},
-                                         AssistedCase{" CQ-WW-SSB ,0\nCQ-WW-SSB,1\n", 0, 0},
-                                         AssistedCase{"CQ-WW,0\n", 0, 1},
-                                         AssistedCase{"\"CQ-WW-SSB\",0\n", 0, 1},
-                                         AssistedCase{"CQ-WW-SSB, 0 ", 0, 0},
-                                         AssistedCase{"CQ-WW-SSB\n", 62, 1}, AssistedCase{"A,1\n\n", 62, 1},
-                                         AssistedCase{"A,yes\n", 13, 1}, AssistedCase{"A,\n", 13, 1},
-                                         AssistedCase{"A,1,2\n", 13, 1}, AssistedCase{"A,32768\n", 6, 1}));
+INSTANTIATE_TEST_SUITE_P(
+    Files, AssistedList,
+    testing::Values(AssistedCase{"; only\n;comments\n", 0, 1},
+                    AssistedCase{" CQ-WW-SSB ,0\nCQ-WW-SSB,1\n", 0, 0}, AssistedCase{"CQ-WW,0\n", 0, 1},
+                    AssistedCase{"\"CQ-WW-SSB\",0\n", 0, 1}, AssistedCase{"CQ-WW-SSB, 0 ", 0, 0},
+                    AssistedCase{"CQ-WW-SSB\n", 62, 1}, AssistedCase{"A,1\n\n", 62, 1},
+                    AssistedCase{"A,yes\n", 13, 1}, AssistedCase{"A,\n", 13, 1},
+                    AssistedCase{"CQ-WW-SSB,0,a, note\n", 0, 0}, AssistedCase{"A,32768\n", 6, 1}));
 
 TEST_F(Lists, ContestNamesAreReadInFileOrderUpToFifty) {
   std::string text;

@@ -13,7 +13,8 @@ namespace {
 TEST(Pieces, FollowTheNamingRules) {
   for (const auto& [path, file_name, ext, dir, stem] :
        texts_of<5>("/l/QX1.ALL|QX1.ALL|ALL|/l/|/l/QX1.", "/l.d/a.b.all|a.b.all|all|/l.d/|/l.d/a.b.",
-                   "/x.all/x.all|x.all|all|//|/x/x.", "/l.d/noext|noext||/l.d/|/ld/noext.", "||||.")) {
+                   "/x.all/x.all.all|x.all.all|all|/x.all/|/x.all/x.", "/l.d/noext|noext||/l.d/|/l.d/noext.",
+                   "||||.")) {
     SCOPED_TRACE(path);
     const PathPieces pieces = pieces_of(path);
     EXPECT_EQ(pieces.file_name, file_name);
@@ -45,8 +46,8 @@ TEST(Shorten, FitsTheLimitInBytesOfTheCodePage) {
 
 TEST(Names, CallSignWithStrokeMakesNoFolder) {
   TestApp test;
-  test.app.state.settings.mycall = " QX1ABC/1 ";
-  EXPECT_EQ(call_for_names(test.app), "QX1ABC-1");
+  test.app.state.settings.mycall = " QX1ABC/1\x1B ";
+  EXPECT_EQ(call_for_names(test.app), "QX1ABC-1-");
 }
 
 TEST(Options, AreRestoredWithTheEffectsOfAClick) {

@@ -138,14 +138,15 @@ TEST(Story, LogWithoutSummaryAsksForTheContest) {
   EXPECT_NE(cabrillo.find("CATEGORY-OPERATOR: MULTI-OP\n"), std::string::npos) << cabrillo;
 }
 
-TEST(Story, FailureInADialogEndsTheProgramWithItsMessage) {
+TEST(Story, FailureToLoadADialogGivesItUpWithAMessage) {
   ReadyProgram ready;
   GuiProgram& program = ready.program;
   std::filesystem::remove(ready.folder.path() + "JA_iota.txt");  // after the start-up check
   program.menu("mnuMake");
   ASSERT_EQ(program.boxes.size(), 1U);
   EXPECT_EQ(program.boxes.front().icon, Icon::critical);
-  EXPECT_TRUE(program.exited);
+  EXPECT_EQ(program.desk().views().size(), 1U);
+  EXPECT_FALSE(program.exited);
 }
 
 TEST(Windows, HaveAWidgetForEveryControl) {

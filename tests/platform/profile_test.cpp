@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "base/text.h"
@@ -88,9 +89,54 @@ TEST(ProfileSet, KeepsUtf16) {
 
 TEST(ProfileSet, RefusesALineBreakInAValue) {
   ProfileText text{file};
-  for (const std::string_view value : {"a\rb"sv, "a\nb"sv, "a\0b"sv})
-    EXPECT_EQ(error_of([&] { text.set("Main", "x", value); }), 5);
+  EXPECT_EQ(error_of([&] { text.set("Main", "x", "a\nb"); }), 5);
   EXPECT_EQ(text.bytes(), file);
+}
+
+TEST(ProfileSet, OtherControlCharactersStayAsTheFileHoldsThem) {
+  const std::string odd =
+      "[Main]\r\nx=a\rb\0\x1A"
+      "c\r\n"s;
+  ProfileText text{odd};
+  text.set("Main", "x", text.get("Main", "x"));
+  EXPECT_EQ(text.bytes(), odd);
+}
+
+TEST(ProfileFile, AUtf8MarkIsSkippedAndStays) {
+  ProfileText text{"\xEF\xBB\xBF[Main]\r\nx=\xE8\xA1\xA8\xE2\x82\xAC\r\n"};
+  EXPECT_EQ(text.get("Main", "x"), "表\u20AC");
+  text.set("Main", "y", "漢");
+  EXPECT_EQ(text.bytes(), "\xEF\xBB\xBF[Main]\r\nx=表\u20AC\r\ny=漢\r\n");
+}
+
+TEST(ProfileFile, WhatKeepsItFromBeingReadIsError75) {
+  TempDir dir;
+  std::filesystem::create_directory(dir.path() + "a.ini");
+  const std::string endless = dir.write("b.ini", "[Main]\nx=" + std::string(1 << 20, 'x') + "\n");
+  FileProfile profile;
+  EXPECT_EQ(error_of([&] { profile.get(dir.path() + "a.ini", "Main", "x"); }), 75);
+  EXPECT_EQ(error_of([&] { profile.get(endless, "Main", "x"); }), 5);
+}
+
+TEST(ProfileFile, ParallelWritersLoseNothing) {
+  TempDir dir;
+  const std::string path = dir.write("a.ini", "[Main]\r\ncount=0\r\n");
+  constexpr int writers = 4, times = 25;
+  for (int i = 0; i < writers; ++i) {
+    if (::fork() != 0) continue;
+    FileProfile profile;
+    for (int k = 0; k < times; ++k) {
+      const ProfileHold hold{profile, path};
+      const int count = std::stoi(profile.get(path, "Main", "count")) + 1;
+      const ProfileEntry entry{"Main", "count", std::to_string(count)};
+      profile.set(path, {&entry, 1});
+    }
+    ::_exit(0);
+  }
+  while (::wait(nullptr) > 0) {
+  }
+  EXPECT_EQ(dir.read("a.ini"), "[Main]\r\ncount=100\r\n");
+  EXPECT_EQ(dir.files().size(), 1U);
 }
 
 void set(Profile& profile, const std::string& path, const std::string& key, const std::string& value) {

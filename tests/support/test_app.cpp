@@ -53,6 +53,7 @@ void TestApp::start() {
 
 void TestApp::open(const std::string& path) {
   open_chosen_file(app, path);
+  app.outputs.commit();  // as at the end of the action
 }
 
 void TestApp::open_copy(const std::filesystem::path& logs, const std::string& log) {

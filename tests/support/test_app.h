@@ -53,7 +53,6 @@ class SilentLauncher final : public Launcher {
 class TestApp {
  public:
   TestApp();
-  ~TestApp() { remove_scratch_folder(app); }
   TestApp(const TestApp&) = delete;
   TestApp& operator=(const TestApp&) = delete;
 

@@ -109,12 +109,41 @@ TEST_F(MainWindowTest, ReSelectShowsTheDialogAndTakesTheContestNameForAnEmptyLin
   EXPECT_EQ(state.contest.contest_line, "IOTA Contest");
 }
 
-TEST_F(MainWindowTest, ErrorTrapRunTimeErrorEndsTheWindow) {
+TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {
   open();
+  std::filesystem::rename(log(), log() + "-");
+  window.click("kaishi");
+  EXPECT_FALSE(window.closed);
+  ASSERT_EQ(test.desk.boxes.size(), 1U);
+  for (const std::string& part : {std::string{"エラー 53"}, log(), std::string{"確認して下さい。"}})
+    EXPECT_NE(test.desk.boxes[0].text.find(part), std::string::npos) << test.desk.boxes[0].text;
+  EXPECT_EQ(main.lblShori.text, "処理中止");
+  EXPECT_EQ(main.lblShori.color, Color::red);
+  std::filesystem::rename(log() + "-", log());
+  ASSERT_TRUE(main.kaishi.enabled);  // the same run can be tried again
+  window.click("kaishi");
+  EXPECT_EQ(main.lblShori.text, "処理終了");
+  window.open_dropped_file(work.write_text("bad.all", "zLog\n" + std::string(1100000, 'x')));
+  EXPECT_FALSE(main.kaishi.enabled || window.closed);
+}
+
+TEST_F(MainWindowTest, ErrorInDebugModeEndsTheProgram) {
+  open();
+  window.click("mnuDebug_mode");
   std::filesystem::remove(log());
   window.click("kaishi");
   EXPECT_TRUE(window.closed);
-  EXPECT_EQ(test.desk.boxes.size(), 1U);
+  EXPECT_EQ(test.desk.boxes.at(0).text, "エラー発生、終了します");
+}
+
+TEST_F(MainWindowTest, ErrorWritingSettingsIsANotice) {
+  std::filesystem::permissions(test.folder.path() + "Varnisto.ini", std::filesystem::perms{0444});
+  open();
+  window.click("kaishi");
+  EXPECT_EQ(main.lblShori.text, "処理終了");
+  EXPECT_NE(test.desk.boxes.at(0).text.find("Varnisto.ini"), std::string::npos);
+  window.click("owari");
+  EXPECT_TRUE(window.closed);
 }
 
 TEST_F(MainWindowTest, RecentFilesNewestFirstWithoutDoublesAndWithoutMissingFiles) {

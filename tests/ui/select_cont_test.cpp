@@ -14,15 +14,16 @@ TEST(ContestRow, IsGuessedFromThePath) {
     std::string name, path;
     std::optional<int> row;
   };
-  for (const Row& row :
-       rows_of(Row{"ar_comes_before_ten_metres", "/LOGS/ARRL10_2002.ALL", 0},
-               Row{"folder_counts_too", "/HARBOUR/CQWW.ALL", 0}, Row{"ardx_whatever_else", "/IA/ARDX.ALL", 0},
-               Row{"iaru", "/LOGS/IARU.ALL", 4}, Row{"ia_and_ar", "/LOGS/ARIA.ALL", 4},
-               Row{"ia_and_arrl_is_arrl", "/IA/ARRL.ALL", 0},
-               Row{"ia_and_arrl10_is_iaru", "/IA/ARRL10.ALL", 4}, Row{"cq_ww", "/LOGS/CQWW.ALL", 3},
-               Row{"jidx", "/LOGS/JIDX_CW.ALL", 5}, Row{"wpx", "/LOGS/WPX.ALL", 2},
-               Row{"wae", "/LOGS/WAE.ALL", 6}, Row{"ten_metres", "/LOGS/10M.ALL", 1},
-               Row{"iota", "/LOGS/IOTA.ALL", 7}, Row{"nothing", "/LOGS/UBA.ALL", std::nullopt})) {
+  for (const Row& row : rows_of(
+           Row{"ar_comes_before_ten_metres", "/LOGS/ARRL10_2002.ALL", 0},
+           Row{"the_name_comes_first", "/HARBOUR/CQWW.ALL", 3}, Row{"then_its_folder", "/a/iaru/log.all", 4},
+           Row{"no_further_up", "/WPX/x/LOG.ALL", std::nullopt}, Row{"ardx_whatever_else", "/IA/ARDX.ALL", 0},
+           Row{"iaru", "/LOGS/IARU.ALL", 4}, Row{"ia_and_ar", "/LOGS/ARIA.ALL", 4},
+           Row{"ia_and_arrl_is_arrl", "/IA/ARRL.ALL", 0}, Row{"ia_and_arrl10_is_iaru", "/l/IA_ARRL10.ALL", 4},
+           Row{"cq_ww", "/LOGS/CQWW.ALL", 3}, Row{"jidx", "/LOGS/JIDX_CW.ALL", 5},
+           Row{"wpx", "/LOGS/WPX.ALL", 2}, Row{"wae", "/LOGS/WAE.ALL", 6},
+           Row{"ten_metres", "/LOGS/10M.ALL", 1}, Row{"iota", "/LOGS/IOTA.ALL", 7},
+           Row{"nothing", "/LOGS/UBA.ALL", std::nullopt})) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(contest_row_of_path(row.path), row.row);
   }

@@ -1,0 +1,104 @@
+#pragma once
+// What every system does its own way, as plain functions: files and their identity, locks, processes. The
+// rest of the program asks these.
+
+#include <compare>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace varnisto::os {
+
+/// A file or folder whatever its name: hard links to it are the same file.
+struct FileId {
+  std::uint64_t device = 0, number = 0;
+  auto operator<=>(const FileId&) const = default;
+};
+
+/// What the system knows of a file or folder, behind links.
+struct FileFacts {
+  enum class Kind { plain, folder, other };
+  FileId id;
+  Kind kind = Kind::other;
+  unsigned permissions = 0;  ///< read, write and execute bits
+};
+std::optional<FileFacts> facts_of(const std::string& path);
+
+/// True when both are there and the same.
+bool same_file(const std::string& a, const std::string& b);
+
+/// True when the path is a symbolic link, whatever it points to.
+bool is_link(const std::string& path);
+/// True when this user may write to the file.
+bool may_write(const std::string& path);
+
+/// A file descriptor that closes itself.
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept;
+  Descriptor& operator=(Descriptor&& other) noexcept;
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(); }
+
+  bool is_open() const { return number_ >= 0; }
+  int number() const { return number_; }
+  /// Hands the descriptor over to who will close it.
+  int release();
+  void close();
+
+ private:
+  int number_ = -1;
+};
+
+/// A folder, to be locked; not open when the system refuses.
+Descriptor open_folder(const std::string& folder);
+/// A file that does not exist yet, for writing; nothing that has the name is touched, a link neither. Throws
+/// RunTimeError 58 when the name is taken, 70, 75 or 76, naming `shown`.
+Descriptor create_new(const std::string& path, const std::string& shown);
+/// An existing file, for locking it; not open when the system refuses.
+Descriptor open_existing(const std::string& path);
+/// The same open file once more. Throws RunTimeError 67 naming `shown`.
+Descriptor duplicate(const Descriptor& file, const std::string& shown);
+/// Gives an open file these permissions. Throws RunTimeError 70 naming `shown`.
+void set_permissions(const Descriptor& file, unsigned permissions, const std::string& shown);
+
+/// Locks an open file or folder against every other process, waiting for one that holds it. False when the
+/// file system knows no locks. The lock goes with the last descriptor of the open file.
+bool lock(const Descriptor& file);
+/// The same without waiting; false too when somebody holds it.
+bool try_lock(const Descriptor& file);
+
+/// Gives a file another name; one that has the name already is replaced in the same moment. Throws
+/// RunTimeError naming `shown`.
+void rename_file(const std::string& from, const std::string& to, const std::string& shown);
+
+/// Deletes one file, no folder. False when the system refuses, or when it is not there.
+bool delete_file(const std::string& path);
+/// The same; one that is not there is no error. Throws RunTimeError when the system refuses.
+void must_delete_file(const std::string& path);
+
+/// Calls `take` with every name in a folder but "." and ".."; none when it cannot be read.
+void for_each_name(const std::string& folder, const std::function<void(std::string_view)>& take);
+
+/// The system's folder for temporary files, ending in the separator; it need not exist.
+std::string temporary_folder();
+/// Makes a folder that only this user can enter; its name is `start` and a few random letters. Returns its
+/// path. Throws RunTimeError 61, 70, 76.
+std::string make_private_folder(const std::string& start);
+/// True for a folder (no link to one) that belongs to this user.
+bool is_own_folder(const std::string& path);
+
+/// True when a terminal is behind the descriptor.
+bool is_terminal(int descriptor);
+
+/// Number of this process.
+int process_id();
+/// True when a process of this number runs.
+bool process_runs(int id);
+
+}  // namespace varnisto::os
