@@ -27,6 +27,20 @@ bool flock_now(int descriptor, int operation) {
   return result == 0;
 }
 
+/// Replaces a file by exchanging both names and deleting the old one: in the end the same as a rename, but a
+/// rename over a file makes the file system write the new one out first. False when the system cannot.
+bool exchange(const std::string& from, const std::string& to) {
+#ifdef RENAME_EXCHANGE
+  const auto old = facts_of(to);
+  if (!old || old->kind != FileFacts::Kind::plain) return false;
+  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_EXCHANGE) != 0) return false;
+  delete_file(from);  // if that fails the next run clears it
+  return true;
+#else
+  return false;
+#endif
+}
+
 }  // namespace
 
 std::optional<FileFacts> facts_of(const std::string& path) {
@@ -102,6 +116,7 @@ bool try_lock(const Descriptor& file) {
 }
 
 void rename_file(const std::string& from, const std::string& to, const std::string& shown) {
+  if (exchange(from, to)) return;
   if (std::rename(from.c_str(), to.c_str()) != 0) throw_file_error(errno, shown);
 }
 

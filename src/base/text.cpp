@@ -50,6 +50,14 @@ bool is_ascii_long(std::string_view text) {
   return (bits & high_bits) == 0 && is_ascii(text.substr(i));
 }
 
+bool holds_control_long(std::string_view text) {
+  using Word = std::uint64_t;
+  Word bits = control_bits(WordEnds<Word>{text}.back);
+  for (; text.size() > sizeof(Word); text.remove_prefix(sizeof(Word)))
+    bits |= control_bits(WordEnds<Word>{text.substr(0, sizeof(Word))}.front);
+  return bits != 0;
+}
+
 std::size_t char_count_wide(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t pos = 0; pos < text.size(); ++count) {

@@ -15,6 +15,16 @@ namespace varnisto {
 namespace detail {  // the longer ways of the functions below
 inline constexpr std::uint64_t high_bits = 0x8080808080808080U;
 bool is_ascii_long(std::string_view text);
+bool holds_control_long(std::string_view text);
+/// The high bit of every byte that is a control character.
+template <class Word>
+constexpr Word control_bits(Word bytes) {
+  constexpr auto each = [](std::uint64_t byte) { return static_cast<Word>(0x0101010101010101U * byte); };
+  const auto low = static_cast<Word>(bytes & each(0x7F));
+  const auto printed = static_cast<Word>(low + each(0x60));  // high bit: 32 and more
+  const auto last = static_cast<Word>(low + each(1));        // high bit: 127
+  return static_cast<Word>((~printed | last) & ~bytes & each(0x80));
+}
 std::size_t char_count_wide(std::string_view text);
 std::string_view left_of_longer(std::string_view text, std::size_t n);
 }  // namespace detail
@@ -56,6 +66,14 @@ constexpr bool is_continuation(char byte) {
 /// True for the characters that stand for no sign: 0 to 31 and 127.
 constexpr bool is_control(char c) {
   return (c >= 0 && c < ' ') || c == 127;
+}
+
+/// True when the text holds one of them.
+inline bool holds_control(std::string_view text) {
+  if (text.size() > longest_word_pair) return detail::holds_control_long(text);
+  return !text.empty() && with_word_ends(text, []<class Word>(WordEnds<Word> ends) {
+    return (detail::control_bits(ends.front) | detail::control_bits(ends.back)) != 0;
+  });
 }
 
 /// Number of characters in a UTF-8 text. An ill-formed byte counts as one character.
