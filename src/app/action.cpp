@@ -55,22 +55,14 @@ class Running {
   std::size_t mark_;
 };
 
-/// The state in which the window takes the next action.
-void release_window(App& app, bool can_start) {
-  app.desk.hourglass(false);
-  app.main.kaishi.enabled = can_start;
-}
-
-/// The window stays: the log is marked as not done. A run can be started again, a log that was to be opened
-/// or a dialog's OK has to be repeated first.
-void give_up(App& app, const RunTimeError& error, bool can_start) {
-  app.main.kaishi.enabled = can_start;
+/// The window stays: the log is marked as not done. Whether it can be started is left to the action.
+void give_up(App& app, const RunTimeError& error) {
   app.main.lblShori.text = "処理中止";
   app.main.lblShori.color = Color::red;
   message_box(app, {lines({describe(error), "", advice_for(error.number)}), "", Icon::critical});
 }
 
-ActionResult fail(App& app, const RunTimeError& error, bool can_start) {
+ActionResult fail(App& app, const RunTimeError& error) {
   const bool trapped = app.trace.armed();
   const bool ends = trapped || !app.state.program.window_open;
   app.trace.line("エラー発生 ：　" + std::to_string(error.number));
@@ -78,14 +70,11 @@ ActionResult fail(App& app, const RunTimeError& error, bool can_start) {
   if (ends)
     message_box(app, {trapped ? "エラー発生、終了します" : describe(error), "", Icon::critical});
   else
-    give_up(app, error, can_start);
+    give_up(app, error);
   return {ActionResult::failed, error.number, describe(error), ends};
 }
 
 ActionResult run_trapped(App& app, const std::function<void()>& action) {
-  const bool could_start = app.main.kaishi.enabled && app.state.program.running_actions == 0;
-  const std::string input = app.state.input.in_name;
-  const auto can_start = [&] { return could_start && app.state.input.in_name == input; };
   try {
     Running running{app};
     action();
@@ -93,28 +82,29 @@ ActionResult run_trapped(App& app, const std::function<void()>& action) {
     return {};
   } catch (const NotAvailable& missing) {
     const std::string text = std::string{"not available yet: "} + missing.what();
-    release_window(app, can_start());
+    app.desk.hourglass(false);
     message_box(app, {text, "", Icon::critical});
     return {ActionResult::not_available, 0, text};
   } catch (const Refusal& refusal) {
     app.state.input.in_err_flag = 1;
-    release_window(app, false);
+    app.desk.hourglass(false);
+    app.main.kaishi.enabled = false;
     show_text(app, refusal.what(), Color::red);
     return {ActionResult::refused, 0, refusal.what()};
   } catch (const ProgramEnd& end) {
     app.desk.hourglass(false);
     return {ActionResult::ended, 0, end.what(), true};
   } catch (const ListFileError& error) {
-    ActionResult result = fail(app, error, can_start());
+    ActionResult result = fail(app, error);
     result.kind = ActionResult::list_file;
     result.number = 0;
     return result;
   } catch (const RunTimeError& error) {
-    return fail(app, error, can_start());
+    return fail(app, error);
   } catch (const std::bad_alloc&) {
-    return fail(app, {RunTimeError::out_of_memory, app.state.input.in_name}, can_start());
+    return fail(app, {RunTimeError::out_of_memory, app.state.input.in_name});
   } catch (const std::exception& error) {
-    return fail(app, {RunTimeError::device_io_error, error.what()}, can_start());
+    return fail(app, {RunTimeError::device_io_error, error.what()});
   }
 }
 

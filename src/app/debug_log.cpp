@@ -25,6 +25,14 @@ void open_named_log(App& app) {
   }
 }
 
+void copy_settings(App& app) {
+  if (app.platform.profile.exists(ini_path(app))) {
+    TextReader ini{ini_path(app)};
+    for (std::string_view line; ini.next(line);) app.trace.line(line);
+  }
+  app.trace.line("-----------------------");
+}
+
 void set_captions(App& app, const char* caption) {
   app.main.mnuDebug.caption = app.main.mnuDebug_mode.caption = caption;
 }
@@ -34,14 +42,10 @@ void set_captions(App& app, const char* caption) {
 void open_debug_log(App& app) {
   try {
     open_named_log(app);
+    copy_settings(app);
   } catch (const RunTimeError& error) {
-    return add_notice(app, describe(error));
+    add_notice(app, describe(error));
   }
-  if (app.platform.profile.exists(ini_path(app))) {
-    TextReader ini{ini_path(app)};
-    for (std::string_view line; ini.next(line);) app.trace.line(line);
-  }
-  app.trace.line("-----------------------");
 }
 
 void close_debug_log(App& app) {

@@ -119,7 +119,6 @@ void end_run(App& app) {
   const std::string work_file = input.out_dir + "in_name.000";  // of an earlier program
   if (!delete_if_file(work_file)) add_notice(app, kept_file_text(work_file));
   app.desk.hourglass(false);
-  app.main.kaishi.enabled = true;
   app.main.lblShori.text = "処理終了";
   app.main.lblShori.color = Color::blue;
   app.trace.line("正常終了");
@@ -139,12 +138,24 @@ void show_boxes(App& app) {
   show_closing_notice(app);
 }
 
+/// While this lives the start button is off; a run that fails can be started again.
+class StartButtonOff {
+ public:
+  explicit StartButtonOff(App& app) : button_(app.main.kaishi) { button_.enabled = false; }
+  ~StartButtonOff() { button_.enabled = true; }
+  StartButtonOff(const StartButtonOff&) = delete;
+  StartButtonOff& operator=(const StartButtonOff&) = delete;
+
+ private:
+  Button& button_;
+};
+
 }  // namespace
 
 void kaishi_1(App& app) {
+  const StartButtonOff while_running{app};
   begin_debug_log(app);
   app.desk.hourglass(true);
-  app.main.kaishi.enabled = false;
   app.main.lblShori.text.clear();
   save_options(app);
   write_current_settings(app);
@@ -169,10 +180,10 @@ void kaishi_1(App& app) {
 }
 
 void kaishi_Click(App& app) {
-  if (app.state.input.in_type == "cbr")
-    cbr_2_zlog_txt(app);
-  else
-    kaishi_1(app);
+  if (app.state.input.in_type != "cbr") return kaishi_1(app);
+  const StartButtonOff while_running{app};
+  cbr_2_zlog_txt(app);
+  append_notes(app);
 }
 
 }  // namespace varnisto

@@ -147,10 +147,7 @@ void prepare(App& app, std::string_view in_kind) {
   }
 }
 
-}  // namespace
-
-void FileOpen2(App& app) {
-  app.trace.line("Public Sub FileOpen2()");
+void open_input(App& app) {
   InputState& input = app.state.input;
   MainForm& main = app.main;
   clear_display(app);
@@ -176,6 +173,19 @@ void FileOpen2(App& app) {
   main.mnu_mc.enabled = main.Check1.checked && has_folder(input.in_name) && file_exists(input.cbr_name2);
   enable_outputs(app);
   zsm_disp_chk(app);
+}
+
+}  // namespace
+
+void FileOpen2(App& app) {
+  app.trace.line("Public Sub FileOpen2()");
+  try {
+    open_input(app);
+  } catch (...) {  // half an opened log must not be converted
+    app.state.input.in_err_flag = 1;
+    app.main.kaishi.enabled = false;
+    throw;
+  }
 }
 
 void open_chosen_file(App& app, const std::string& path) {

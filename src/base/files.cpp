@@ -35,6 +35,7 @@ std::vector<std::string> names_in(std::string_view folder, Predicate wanted) {
 std::string absolute_path(const std::string& path) {
   std::error_code failure;
   const fs::path whole = fs::absolute(path, failure);
+  if (failure) return path;
   if (std::ranges::find(whole, fs::path{".."}) == whole.end()) return whole.lexically_normal().string();
   // Behind a link, "a/.." need not be where it seems: the folders that are there tell.
   const fs::path folder = fs::weakly_canonical(whole.parent_path(), failure);
@@ -86,7 +87,8 @@ void copy_file(const std::string& from, FileHandle to) {
 
 bool delete_if_file(const std::string& path) {
   const auto facts = os::facts_of(path);
-  return !facts || facts->kind == os::FileFacts::Kind::folder || os::delete_file(path);
+  if (!facts && !os::is_link(path)) return true;
+  return (facts && facts->kind == os::FileFacts::Kind::folder) || os::delete_file(path);
 }
 
 std::vector<std::string> delete_leftovers(const std::string& output) {

@@ -146,8 +146,9 @@ std::string temporary_folder() {
 
 std::string make_private_folder(const std::string& start) {
   std::string path = start + "XXXXXX";
-  if (!::mkdtemp(path.data())) throw_file_error(errno, path);
-  return path;
+  if (::mkdtemp(path.data())) return path;
+  if (errno == ENOENT) throw RunTimeError(RunTimeError::path_not_found, path);
+  throw_file_error(errno, path);
 }
 
 bool is_own_folder(const std::string& path) {

@@ -42,12 +42,23 @@ const Outputs::Pending* Outputs::newest(const std::string& path) const {
   return hit == pending_.rend() ? nullptr : &*hit;
 }
 
+void Outputs::protect(std::vector<std::string> inputs) {
+  inputs_ = std::move(inputs);
+  for (std::string& input : inputs_) input = find_file(input).value_or(input);  // as it is read
+}
+
 void Outputs::refuse_input(const std::string& path, const std::string& target,
                            std::string_view rewritten) const {
   for (const std::string& input : inputs_)
     if (input != rewritten && os::same_file(input, target))
       throw RunTimeError(RunTimeError::path_access_error,
                          path + " は入力ファイル " + input + " と同じファイルです");
+}
+
+void Outputs::refuse_second_name(const std::string& path, const std::string& target) const {
+  for (const Pending& other : pending_)
+    if (other.file && other.path != path && other.file->target() == target)
+      throw RunTimeError(RunTimeError::path_access_error, path + " は " + other.path + " と同じファイルです");
 }
 
 std::unique_ptr<Temporary> Outputs::make_temporary(const std::string& target) {
@@ -63,6 +74,7 @@ std::unique_ptr<Temporary> Outputs::make_temporary(const std::string& target) {
 FileHandle Outputs::create(const std::string& path, Need need, std::string_view rewritten) {
   const std::string target = replaced_file(path);
   refuse_input(path, target, rewritten);
+  refuse_second_name(path, target);
   Pending fresh{path, make_temporary(target), need};
   FileHandle file = fresh.file->take_file();
   pending_.push_back(std::move(fresh));

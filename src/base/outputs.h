@@ -28,12 +28,13 @@ class Outputs {
   Outputs& operator=(const Outputs&) = delete;
 
   /// Files that the run reads and must never replace, by whatever name or link.
-  void protect(std::vector<std::string> inputs) { inputs_ = std::move(inputs); }
+  void protect(std::vector<std::string> inputs);
 
   /// Begins a new version of the file `path`; a file that this run has written under the name already can be
   /// read on until the run ends. What a link points to is replaced, not the link. Throws RunTimeError 70 (not
-  /// writable), 75 (a folder, a device, a link to nothing, or a protected input: what() names both), 76, 61.
-  /// `rewritten`: the protected input that it is about to replace all the same.
+  /// writable), 75 (a folder, a device, a link to nothing, a protected input, a file that another output
+  /// leads to: what() names both), 76, 61. `rewritten`: the protected input that it is about to replace all
+  /// the same.
   FileHandle create(const std::string& path, Need need = Need::required, std::string_view rewritten = "");
   /// The file goes when the others take their names, and what this run wrote under its name with it.
   void remove(const std::string& path);
@@ -63,6 +64,7 @@ class Outputs {
   };
   const Pending* newest(const std::string& path) const;
   void refuse_input(const std::string& path, const std::string& target, std::string_view rewritten) const;
+  void refuse_second_name(const std::string& path, const std::string& target) const;
   std::unique_ptr<Temporary> make_temporary(const std::string& target);
   static std::vector<Pending> newest_of_each(std::vector<Pending> pending);
 

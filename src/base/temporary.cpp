@@ -72,8 +72,10 @@ os::Descriptor make(const std::string& target, std::string& name) {
 
 }  // namespace
 
-FolderLock::FolderLock(std::string folder)
-    : folder_(std::move(folder)), open_(os::open_folder(folder_)), held_(os::lock(open_)) {}
+FolderLock::FolderLock(std::string folder, bool wait)
+    : folder_(std::move(folder)),
+      open_(os::open_folder(folder_)),
+      held_(wait ? os::lock(open_) : os::try_lock(open_)) {}
 
 std::string replaced_file(const std::string& path) {
   if (path.find('\0') != std::string::npos) throw RunTimeError(RunTimeError::bad_file_name, path);

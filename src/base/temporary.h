@@ -16,8 +16,9 @@ namespace varnisto {
 /// file system knows no locks the folder is used without.
 class FolderLock {
  public:
-  /// The folder's path ends in a separator; "" is the current one.
-  explicit FolderLock(std::string folder);
+  /// The folder's path ends in a separator; "" is the current one. Without `wait` the lock is left to who has
+  /// it.
+  explicit FolderLock(std::string folder, bool wait = true);
 
   bool held() const { return held_; }
   const std::string& folder() const { return folder_; }

@@ -63,12 +63,12 @@ constexpr bool is_continuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// True for the characters that stand for no sign: 0 to 31 and 127.
+/// True for the characters that stand for no sign: 0 to 31 but the tab, and 127.
 constexpr bool is_control(char c) {
-  return (c >= 0 && c < ' ') || c == 127;
+  return (c >= 0 && c < ' ' && c != '\t') || c == 127;
 }
 
-/// True when the text holds one of them.
+/// True when the text holds one of them or a tab.
 inline bool holds_control(std::string_view text) {
   if (text.size() > longest_word_pair) return detail::holds_control_long(text);
   return !text.empty() && with_word_ends(text, []<class Word>(WordEnds<Word> ends) {

@@ -157,7 +157,7 @@ std::string_view TextReader::must_next() {
 }
 
 std::string TextReader::place() const {
-  return path_ + ": " + std::to_string(line_number_) + " 行目";
+  return path_ + ": " + std::to_string(std::max<std::size_t>(line_number_, 1)) + " 行目";
 }
 
 }  // namespace varnisto

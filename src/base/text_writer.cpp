@@ -15,7 +15,7 @@ constexpr std::string_view line_end = "\r\n";
 /// Control characters but tabs become blanks. None is part of a longer character.
 void blank_controls(char* text, std::size_t size) {
   for (char* c = text; c != text + size; ++c)
-    if (is_control(*c) && *c != '\t') *c = ' ';
+    if (is_control(*c)) *c = ' ';
 }
 
 }  // namespace

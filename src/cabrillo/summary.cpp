@@ -133,6 +133,44 @@ void show_power(App& app) {
   if (contains(title, "JIDX")) app.main.lblPower.text = jidx_power_label(app);
 }
 
+/// What the selection dialog may change. It comes back unless the dialog was confirmed.
+class BeforeDialog {
+ public:
+  explicit BeforeDialog(App& app)
+      : app_(app),
+        contest_(app.state.contest),
+        category_(app.state.category),
+        iota_class_(app.state.settings.iota_class),
+        yusen_(app.state.settings.select_cont_yusen),
+        text_(app.main.Text1),
+        contest_label_(app.main.lblGet_zsm3),
+        power_label_(app.main.lblPower),
+        written_(app.outputs.mark()) {}
+
+  ~BeforeDialog() {
+    if (app_.state.category.dialog_shown) return;
+    app_.state.contest = contest_;
+    app_.state.category = category_;
+    app_.state.settings.iota_class = iota_class_;
+    app_.state.settings.select_cont_yusen = yusen_;
+    app_.main.Text1 = text_;
+    app_.main.lblGet_zsm3 = contest_label_;
+    app_.main.lblPower = power_label_;
+    app_.outputs.back_to(written_);  // cont_name.txt follows every click
+  }
+  BeforeDialog(const BeforeDialog&) = delete;
+  BeforeDialog& operator=(const BeforeDialog&) = delete;
+
+ private:
+  App& app_;
+  const ContestState contest_;
+  const CategoryState category_;
+  const std::string iota_class_, yusen_;
+  const TextBox text_;
+  const Label contest_label_, power_label_;
+  const std::size_t written_;
+};
+
 }  // namespace
 
 std::string jidx_power_label(const App& app) {
@@ -200,19 +238,10 @@ bool needs_selection(const App& app) {
 }
 
 bool show_select_cont(App& app) {
-  const ContestState contest = app.state.contest;
-  const CategoryState category = app.state.category;
-  const Label shown[] = {app.main.lblGet_zsm3, app.main.lblPower};
+  const BeforeDialog before{app};
   app.state.category.dialog_shown = false;
-  const std::size_t written = app.outputs.mark();
   app.desk.show(FormName::select_cont);
-  if (app.state.category.dialog_shown) return true;
-  app.outputs.back_to(written);  // cont_name.txt follows every click
-  app.state.contest = contest;
-  app.state.category = category;
-  app.main.lblGet_zsm3 = shown[0];
-  app.main.lblPower = shown[1];
-  return false;
+  return app.state.category.dialog_shown;
 }
 
 void show_summary(App& app) {

@@ -62,7 +62,6 @@ void append_zlog_text_line(std::string_view qso_line, std::string& out) {
 
 void cbr_2_zlog_txt(App& app) {
   app.trace.line("Public Sub cbr_2_zlog_txt()");
-  app.main.kaishi.enabled = false;
   app.main.lblShori.text.clear();
   InputState& input = app.state.input;
   TextReader log{input.in_name};
@@ -82,7 +81,6 @@ void cbr_2_zlog_txt(App& app) {
   out.close();
   commit_outputs(app, {input.out_name});
   input.outputs.push_back(input.out_name);
-  app.main.kaishi.enabled = true;
   app.main.lblShori.text = "処理終了";
   app.main.lblShori.color = Color::blue;
 }

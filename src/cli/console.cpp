@@ -10,7 +10,7 @@ namespace {
 constexpr char caret_shift = 0x40;  // character 27 is shown as "^[", 127 as "^?"
 
 bool is_shown_otherwise(char c) {
-  return is_control(c) && c != '\n' && c != '\t';
+  return is_control(c) && c != '\n';
 }
 
 }  // namespace

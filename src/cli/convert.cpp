@@ -72,7 +72,7 @@ int convert_log(const CliOptions& options, const std::string& program_folder, co
   Session session{options, program_folder, err};
   App& app = session.app;
   auto [status, result] = session.start();
-  app.state.input.in_name = path;
+  app.state.input.in_name = absolute_path(path);
   if (status == exit_ok) {
     bool wrong_answer = false;
     result = run_action(app, [&] {

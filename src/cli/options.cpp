@@ -62,6 +62,8 @@ const std::vector<ChoiceOption>& choice_options() {
   return table;
 }
 
+/// Commands that are not built yet.
+constexpr const char* later_commands[] = {"send", "lint", "ask", "chart"};
 /// Options that belong to logs the program cannot read yet.
 constexpr const char* later_options[] = {"--ccc-contest", "--year", "--number", "--score", "--fixed-power"};
 
@@ -125,6 +127,8 @@ void add_dialog_options(CLI::App& command, Raw& raw, CliOptions& options) {
   command.add_flag("--reselect", options.answers.reselect, "choose contest and category anew");
   auto* overlay = command.add_option("--overlay", options.answers.overlay, "overlay category, as listed");
   command.add_flag("--no-overlay", raw.no_overlay, "claim no overlay category")->excludes(overlay);
+  command.add_flag_callback(
+      "--lint", [] { throw CLI::ValidationError("not available yet: --lint"); }, "not available yet");
   for (std::size_t i = 0; i < std::size(later_options); ++i)
     command.add_option(later_options[i], raw.later[i], "for CCC logs: not available yet");
 }
@@ -209,9 +213,10 @@ std::optional<CliOptions> parse_options(const std::vector<std::string>& argument
   add_command(program, "to-zlog", "Cabrillo to zLog text", Command::to_zlog, options, "CABRILLO", true);
   add_command(program, "check", "check Cabrillo files", Command::check, options, "CABRILLO", true);
   add_command(program, "settings", "show or set settings", Command::settings, options, "KEY=VALUE", false);
-  program.add_subcommand("send", "convert, then mail: not available yet")->prefix_command()->callback([] {
-    throw CLI::ValidationError("not available yet: send");
-  });
+  for (const char* const name : later_commands)
+    program.add_subcommand(name, "not available yet")->prefix_command()->callback([name] {
+      throw CLI::ValidationError(std::string{"not available yet: "} + name);
+    });
   try {
     program.parse(std::vector<std::string>{arguments.rbegin(), arguments.rend()});
     finish(raw, options);

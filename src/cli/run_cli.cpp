@@ -15,12 +15,12 @@ namespace varnisto {
 namespace {
 
 int run_command(const CliOptions& options, std::ostream& out, std::ostream& err) {
-  if (options.command == Command::check) return check_files(options, out, err);
-  clear_abandoned_scratch_folders();
   if (!options.app_dir.empty() && !is_folder(options.app_dir)) {
     err << "--app-dir: " << options.app_dir << " is no folder\n";
     return exit_usage;
   }
+  if (options.command == Command::check) return check_files(options, out, err);
+  clear_abandoned_scratch_folders();
   const std::string folder = find_program_folder(options.app_dir);
   if (options.command == Command::settings) return run_settings(options, folder, out, err);
   if (options.command == Command::to_zlog) return to_zlog_files(options, folder, out, err);

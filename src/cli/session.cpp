@@ -12,11 +12,9 @@
 
 namespace varnisto {
 
-Session::Session(const CliOptions& options, const std::string& program_folder, std::ostream& err,
-                 SettingsFile access)
+Session::Session(const CliOptions& options, const std::string& program_folder, std::ostream& err)
     : desk(options, err),
-      platform{access == SettingsFile::writable ? static_cast<Profile&>(file_profile) : profile, clock, sort,
-               launcher},
+      platform{profile, clock, sort, launcher},
       options_(options),
       program_folder_(program_folder),
       found_version_(program_version),
@@ -36,10 +34,14 @@ void Session::lay_settings_over() {
     }
     write_settings(app);  // into the overlay
   }
-  for (const auto& [key, value] : options_.overrides) {
+  lay_over(options_.overrides);
+}
+
+void Session::lay_over(const std::vector<SettingOverride>& values) {
+  for (const auto& [key, value] : values) {
     const bool is_counter = equal_ignoring_case(key, "exe_rec");
     const ProfileEntry entry{std::string{is_counter ? ini_main_section : ini_section}, key, value};
-    profile.set(path, {&entry, 1});
+    profile.set(ini_path(app), {&entry, 1});
   }
 }
 

@@ -12,24 +12,22 @@
 
 namespace varnisto {
 
-/// What may happen to the settings file.
-enum class SettingsFile { read_only, writable };
-
 /// Why a session cannot run logs.
 struct StartResult {
   int status = 0;       ///< exit status; 0: it can
   ActionResult result;  ///< what went wrong
 };
 
-/// One log's run, or one command's. With a read-only settings file the settings of the command line are laid
-/// over it (over the legacy file's when there is no other) and nothing is written to it.
+/// One log's run, or one command's. The settings of the command line are laid over the settings file (over
+/// the legacy file's when there is no other); App writes nothing to it.
 class Session {
  public:
-  Session(const CliOptions& options, const std::string& program_folder, std::ostream& err,
-          SettingsFile access = SettingsFile::read_only);
+  Session(const CliOptions& options, const std::string& program_folder, std::ostream& err);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
+  /// Lays these settings over the file's.
+  void lay_over(const std::vector<SettingOverride>& values);
   /// Start-up and the check of settings and list files.
   StartResult start();
 

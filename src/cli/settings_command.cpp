@@ -11,30 +11,32 @@
 namespace varnisto {
 namespace {
 
-/// The settings as they stand in the file, the version included.
-std::vector<SettingOverride> settings_in_file(const Settings& settings) {
-  std::vector<SettingOverride> values;
-  for (const SettingKey& key : setting_keys())
-    values.emplace_back(key.key, key.key == "version" ? settings.ini_version : setting_value(settings, key));
-  return values;
-}
-
-/// Reads the settings file, else the legacy file; one that an older program wrote is settled.
-void read_either(App& app) {
-  const bool has_ini = app.platform.profile.exists(ini_path(app));
+/// Reads the settings file, else the legacy file, as start-up does.
+void read_either(Session& session) {
+  App& app = session.app;
+  const bool has_ini = session.file_profile.exists(ini_path(app));
   if (has_ini)
     read_settings(app);
   else if (file_exists(legacy_path(app)))
     read_Varnisto_cfg(app);
+  settle_old_settings(app.state.settings, has_ini);
+}
+
+/// The settings as they would be written.
+std::vector<SettingOverride> printed(const Settings& settings) {
+  std::vector<SettingOverride> values;
+  for (const ProfileEntry& entry : settings_entries(settings)) values.emplace_back(entry.key, entry.value);
+  return values;
 }
 
 /// Reads, changes and writes the settings while no other process can.
-void change(App& app, const std::vector<SettingOverride>& values) {
-  const ProfileHold hold{app.platform.profile, ini_path(app)};
-  read_either(app);
-  settle_old_settings(app.state.settings, app.platform.profile.exists(ini_path(app)));
+void change(Session& session, const std::vector<SettingOverride>& values) {
+  App& app = session.app;
+  const ProfileHold hold{session.file_profile, ini_path(app)};
+  session.lay_over(values);  // what is to be replaced need not be readable
+  read_either(session);
   for (const auto& [key, value] : values) set_setting(app.state.settings, key, value);
-  write_settings(app);
+  session.file_profile.set(ini_path(app), settings_entries(app.state.settings));
 }
 
 /// What makes a folder no program folder: neither settings nor a list file. Empty for one that has some.
@@ -52,16 +54,16 @@ std::string why_no_program_folder(const App& app) {
 
 int run_settings(const CliOptions& options, const std::string& program_folder, std::ostream& out,
                  std::ostream& err) {
-  Session session{options, program_folder, err, SettingsFile::writable};
+  Session session{options, program_folder, err};
   App& app = session.app;
   if (const std::string why = why_no_program_folder(app); !why.empty()) {
     err << why << "\n";
     return exit_list_file;
   }
   const ActionResult result = run_action(app, [&] {
-    if (!options.overrides.empty()) return change(app, options.overrides);
-    read_either(app);
-    if (!options.quiet) put_settings(settings_in_file(app.state.settings), options.json, out);
+    if (!options.overrides.empty()) return change(session, options.overrides);
+    read_either(session);
+    if (!options.quiet) put_settings(printed(app.state.settings), options.json, out);
   });
   return status_of(result);
 }

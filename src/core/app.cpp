@@ -22,6 +22,7 @@ void add_notice(App& app, const std::string& text) {
 }
 
 void show_notices(App& app) {
+  if (std::string failure = app.trace.take_failure(); !failure.empty()) add_notice(app, failure);
   for (const std::string& text : std::exchange(app.state.program.notices, {}))
     message_box(app, {text, "", Icon::exclamation});
 }

@@ -145,13 +145,16 @@ bool settings_current(App& app) {
   return app.state.settings.ini_version == program_version && app.platform.profile.exists(ini_path(app));
 }
 
-void write_settings(App& app) {
-  app.trace.line("Public Sub write_settings()");
+std::vector<ProfileEntry> settings_entries(const Settings& settings) {
   std::vector<ProfileEntry> entries;
   for (const SettingKey& key : keys)
-    entries.push_back(
-        {std::string{key.section}, std::string{key.key}, setting_value(app.state.settings, key)});
-  app.platform.profile.set(ini_path(app), entries);
+    entries.push_back({std::string{key.section}, std::string{key.key}, setting_value(settings, key)});
+  return entries;
+}
+
+void write_settings(App& app) {
+  app.trace.line("Public Sub write_settings()");
+  app.platform.profile.set(ini_path(app), settings_entries(app.state.settings));
 }
 
 void write_settings_or_tell(App& app) {
@@ -178,7 +181,7 @@ void read_settings(App& app) {
     if (key.key == key_version)
       settings.ini_version = value;
     else if (key.key == key_jidx_no_disp)
-      settings.jidx_no_disp_flag = whole_number(value, std::string{key.key});
+      settings.jidx_no_disp_flag = whole_number(value, path + ": " + std::string{key.key});
     else
       settings.*key.member = value;
   }

@@ -36,6 +36,8 @@ std::string legacy_path(const App& app);
 /// True when the settings file exists and was written by this version.
 bool settings_current(App& app);
 
+/// What `write_settings` writes.
+std::vector<ProfileEntry> settings_entries(const Settings& settings);
 /// Writes every key, in one replacement of the file. Throws RunTimeError 61, 70, 76.
 void write_settings(App& app);
 /// The same; that it cannot be written is a notice: what runs needs no file.

@@ -25,9 +25,15 @@ class Trace {
   void close();
   /// Writes a line when armed. Each line reaches the file at once, so that the log survives what follows.
   void line(std::string_view text);
+  /// Why the log was given up, once: a log that cannot be written must not stop what it tells of.
+  std::string take_failure();
 
  private:
+  template <class Write>
+  void attempt(Write write);
+
   std::optional<TextWriter> log_;
+  std::string failure_;
 };
 
 }  // namespace varnisto

@@ -249,7 +249,8 @@ void FileProfile::replace_file(const std::string& path, const std::string& bytes
   const std::string target = replaced_file(path);
   const std::string folder{folder_part(target)};
   std::optional<FolderLock> of_target;  // the settings may be a link to another folder
-  if (folder != lock_->folder() && !os::same_file(folder, lock_->folder())) of_target.emplace(folder);
+  constexpr bool wait = false;          // a run may hold that folder and wait for this one
+  if (folder != lock_->folder() && !os::same_file(folder, lock_->folder())) of_target.emplace(folder, wait);
   const FolderLock& lock = of_target ? *of_target : *lock_;
   clear_abandoned(lock);
   Temporary fresh{target, lock};

@@ -84,7 +84,7 @@ void cmdRe_write_zlog_zsm_Click(App& app) {
   const std::string source = summary_to_rewrite(app.state.input);
   const std::string path = find_file(source).value_or(source);
   TextReader summary{path};
-  TextWriter out{app.outputs.create(path, Need::required, app.state.input.zsm_name)};
+  TextWriter out{app.outputs.create(path, Need::required, path)};
   rewrite_lines(app, summary, out, chosen_operator(app));
   out.close();
   commit_outputs(app);

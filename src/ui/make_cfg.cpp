@@ -54,7 +54,7 @@ void show(Label& label, std::string_view text, Color color) {
 bool fits_file(std::string_view text) {
   try {
     to_cp932(text);
-    return true;
+    return std::ranges::none_of(text, is_control);
   } catch (const RunTimeError&) {
     return false;
   }

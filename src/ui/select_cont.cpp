@@ -384,6 +384,7 @@ bool SelectCont::has_contest() const {
 void SelectCont::cmdOK_Click() {
   app_.trace.line("Private Sub cmdOK_Click()");
   State& state = app_.state;
+  app_.main.kaishi.enabled = false;  // until the choice has been taken
   if (!has_contest()) {
     message_box(app_, {lines({"ｺﾝﾃｽﾄ名が選択されていません。", "", "ｺﾝﾃｽﾄ名を選択して下さい。"}),
                        "　　ｺﾝﾃｽﾄ名の選択", Icon::exclamation});
@@ -453,6 +454,8 @@ void SelectCont::finish() {
     forget_overlay(app_);
   }
   closed = !category.overlay_back;
+  category.dialog_shown = closed;
+  app_.main.kaishi.enabled = closed && app_.state.input.in_err_flag == 0;
 }
 
 }  // namespace varnisto

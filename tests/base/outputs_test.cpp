@@ -92,6 +92,15 @@ TEST_F(OutputsTest, ATargetThatMustNotBeReplacedIsAnError) {
   EXPECT_EQ(dir.read("log.all"), "log");
 }
 
+TEST_F(OutputsTest, TwoNamesOfOneFileAndInputsInAnyCaseAreRefused) {
+  fs::create_symlink(dir.write("a.adi", "old"), path("a.cbr"));
+  fs::create_hard_link(dir.write("LOG.ZSM", "summary"), path("b.cbr"));
+  outputs.protect({path("log.zsm")});
+  write("a.adi", "new");
+  for (const char* name : {"a.cbr", "b.cbr"})
+    EXPECT_EQ(error_of([&] { outputs.create(path(name)); }), 75) << name;
+}
+
 TEST_F(OutputsTest, WhatALinkPointsToIsReplacedAndOtherHardLinksKeepTheOld) {
   fs::create_directory(path("real"));
   fs::create_symlink(dir.write("real/log", "old"), path("soft"));

@@ -1,9 +1,11 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "base/interruption.h"
 #include "base/text.h"
 #include "cli/console.h"
 #include "cli/run_cli.h"
@@ -186,6 +188,35 @@ TEST_F(Cli, TwoRunsOfOneLogGiveAWholePairFromOne) {
     EXPECT_TRUE(work.read("QX1ABC.cbr") == whole || work.read("QX1ABC.cbr") == small);
   }
   EXPECT_EQ(work.files().size(), 6U);
+}
+
+TEST_F(Cli, SettingsThatCannotBeReadCanBeReplaced) {
+  test.set("JIDX_no_Disp_flag", "99999");
+  EXPECT_EQ(run({"settings"}), 1);
+  EXPECT_TRUE(contains(err.str(), "Varnisto.ini: JIDX_no_Disp_flag")) << err.str();
+  EXPECT_EQ(run({"settings", "JIDX_no_Disp_flag=1"}), 0) << err.str();
+  test.set("version", "0.92");
+  test.set("op_iota_island", "");
+  EXPECT_EQ(run({"settings"}), 0);
+  for (const char* line :
+       {"version=3.09\n", "JIDX_no_Disp_flag=1\n", "op_iota_island=Honshu Island\n", "iota_name_only=1\n"})
+    EXPECT_TRUE(contains(out.str(), line)) << out.str();
+}
+
+TEST_F(Cli, ADebugLogThatCannotBeWrittenCostsANotice) {
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    install_signal_handlers();
+    const rlimit small{16, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const int status = run({"--debug", "convert", "--json", log, log});
+    ::_exit(status == 1 && split(out.str(), '\n').size() == 3 ? 0 : 1);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(Cli, FourSettingsWritersLoseNothing) {

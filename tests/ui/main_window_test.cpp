@@ -3,12 +3,14 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
+#include "app/action.h"
 #include "app/start_up.h"
 #include "base/text.h"
 #include "core/settings.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/recent_files.h"
+#include "ui/select_cont.h"
 
 namespace varnisto::test {
 namespace {
@@ -110,9 +112,12 @@ TEST_F(MainWindowTest, ReSelectShowsTheDialogAndTakesTheContestNameForAnEmptyLin
 }
 
 TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {
+  const auto click = [&](std::string_view name) {  // every event of a window runs inside another action
+    run_action(test.app, [&] { window.click(name); });
+  };
   open();
   std::filesystem::rename(log(), log() + "-");
-  window.click("kaishi");
+  click("kaishi");
   EXPECT_FALSE(window.closed);
   ASSERT_EQ(test.desk.boxes.size(), 1U);
   for (const std::string& part : {std::string{"エラー 53"}, log(), std::string{"確認して下さい。"}})
@@ -121,10 +126,39 @@ TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {
   EXPECT_EQ(main.lblShori.color, Color::red);
   std::filesystem::rename(log() + "-", log());
   ASSERT_TRUE(main.kaishi.enabled);  // the same run can be tried again
-  window.click("kaishi");
+  click("kaishi");
   EXPECT_EQ(main.lblShori.text, "処理終了");
-  window.open_dropped_file(work.write_text("bad.all", "zLog\n" + std::string(1100000, 'x')));
+
+  work.write_text("QX1ABC.zsm", "CQWW DX Contest\nCategory: Single-op All band CW\nTotal score : many\n");
+  run_action(test.app, [&] { open(); });  // half an opened log is none
   EXPECT_FALSE(main.kaishi.enabled || window.closed);
+  click("mnuMake");
+  EXPECT_FALSE(main.kaishi.enabled);
+}
+
+TEST_F(MainWindowTest, SelectionLeftWithoutOkChangesNothing) {
+  test.desk.on_show = [&](FormName form) {
+    if (form == FormName::frmOVERLAY) state.category.overlay_back = true;
+    if (form != FormName::select_cont) return;
+    SelectCont dialog{test.app};
+    for (const int row : {5, 2}) {  // JIDX shows its powers, CQ WPX leads to the overlays and back
+      dialog.List1.selected = row;
+      dialog.click("List1", row);
+    }
+    dialog.Check1.checked = !dialog.Check1.checked;
+    dialog.click("Check1");
+    dialog.click("cmdOK");
+    EXPECT_FALSE(dialog.closed);
+  };
+  open();
+  const std::string text = main.Text1.text, yusen = state.settings.select_cont_yusen;
+  const auto files = work.files();
+  window.click("cmdReSelect");
+  EXPECT_EQ(state.contest.contest_name, "CQWW DX Contest 2025");
+  EXPECT_EQ(main.Text1.text, text);
+  EXPECT_EQ(state.settings.select_cont_yusen, yusen);
+  EXPECT_FALSE(main.kaishi.enabled);  // the choice that was confirmed does not hold any more
+  EXPECT_EQ(work.files(), files);
 }
 
 TEST_F(MainWindowTest, ErrorInDebugModeEndsTheProgram) {
