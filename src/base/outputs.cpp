@@ -19,8 +19,8 @@ std::vector<FolderLock> lock_folders_of(const std::vector<std::string>& files) {
       folders.emplace_back(facts->id, folder);
   }
   std::ranges::sort(folders);
-  const auto repeated = std::ranges::unique(folders, {}, &std::pair<os::FileId, std::string>::first);
-  folders.erase(repeated.begin(), repeated.end());
+  const auto is_same = [](const auto& a, const auto& b) { return a.first == b.first; };
+  folders.erase(std::unique(folders.begin(), folders.end(), is_same), folders.end());
   std::vector<FolderLock> locks;
   for (const auto& [id, folder] : folders) locks.emplace_back(folder);
   return locks;

@@ -165,7 +165,7 @@ class LineSort {
       put_away(block);
     else
       write_sorted(block, output_);
-    if (lines_in_order_ > 0) runs_.emplace_front(input, lines_in_order_);
+    if (lines_in_order_ > 0) runs_.push_front({input, lines_in_order_});
   }
 
   /// Empties the block into a run.
@@ -190,7 +190,7 @@ class LineSort {
   }
 
   const std::string& new_run() {
-    Run& run = runs_.emplace_back(output_ + ".run" + std::to_string(run_count_++));
+    Run& run = runs_.emplace_back(Run{output_ + ".run" + std::to_string(run_count_++)});
     run.own.add(run.path);
     return run.path;
   }
