@@ -111,7 +111,7 @@ ActionResult run_trapped(App& app, const std::function<void()>& action) {
 }  // namespace
 
 ActionResult run_action(App& app, const std::function<void()>& action) {
-  const ActionResult result = run_trapped(app, action);
+  ActionResult result = run_trapped(app, action);
   if (app.state.program.running_actions == 0) show_notices(app);
   return result;
 }
