@@ -31,6 +31,10 @@ echo "By length of the log:"
 "$compare" "$runs" "1,000 QSOs" $(convert 1000) -- "10,000 QSOs" $(convert 10000) -- "30,000 QSOs" $(convert 30000)
 "$compare" 3 "1,000,000 QSOs" $(convert 1000000)
 
+blank=$work/blank.cbr
+printf 'QSO:\r\n%.0s' $(seq 100000) >"$blank"
+"$compare" 5 "check, 100,000 blank lines" "$cli" check "$blank"
+
 echo
 echo "Start, beside C++ programs with a static standard library:"
 bare() { "${CXX:-c++}" -O2 -static-libstdc++ -static-libgcc -x c++ -o "$work/$1" -; }

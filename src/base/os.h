@@ -14,7 +14,7 @@ namespace varnisto::os {
 /// A file or folder whatever its name: hard links to it are the same file.
 struct FileId {
   std::uint64_t device = 0, number = 0;
-  auto operator<=>(const FileId&) const = default;
+  auto operator<=>(const FileId&) const = default;  // NOLINT(modernize-use-nullptr): its 0 is no pointer
 };
 
 /// What the system knows of a file or folder, behind links.

@@ -22,6 +22,7 @@ std::vector<FolderLock> lock_folders_of(const std::vector<std::string>& files) {
   const auto is_same = [](const auto& a, const auto& b) { return a.first == b.first; };
   folders.erase(std::unique(folders.begin(), folders.end(), is_same), folders.end());
   std::vector<FolderLock> locks;
+  locks.reserve(folders.size());
   for (const auto& [id, folder] : folders) locks.emplace_back(folder);
   return locks;
 }
@@ -30,7 +31,7 @@ std::vector<FolderLock> lock_folders_of(const std::vector<std::string>& files) {
 RunTimeError half_way(const RunTimeError& error, const std::vector<std::string>& renamed) {
   std::string text = error.what();
   if (!renamed.empty()) text += " （ 次のファイルは新しくなっています ：";
-  for (const std::string& path : renamed) text += " " + path;
+  for (const std::string& path : renamed) text.append(" ").append(path);
   if (!renamed.empty()) text += " ）";
   return {error.number, text};
 }
@@ -75,10 +76,8 @@ FileHandle Outputs::create(const std::string& path, Need need, std::string_view 
   const std::string target = replaced_file(path);
   refuse_input(path, target, rewritten);
   refuse_second_name(path, target);
-  Pending fresh{path, make_temporary(target), need};
-  FileHandle file = fresh.file->take_file();
-  pending_.push_back(std::move(fresh));
-  return file;
+  pending_.push_back({path, make_temporary(target), need});
+  return pending_.back().file->take_file();
 }
 
 void Outputs::give_up(const std::string& path) {
@@ -125,6 +124,7 @@ std::vector<std::string> Outputs::commit() {
   if (pending_.empty()) return {};
   std::vector<Pending> set = newest_of_each(std::exchange(pending_, {}));
   std::vector<std::string> names;
+  names.reserve(set.size());
   for (const Pending& output : set) names.push_back(output.file ? output.file->target() : output.path);
   const std::vector<FolderLock> locks = lock_folders_of(names);
   for (const Pending& output : set)

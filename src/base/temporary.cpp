@@ -80,7 +80,7 @@ FolderLock::FolderLock(std::string folder, bool wait)
 std::string replaced_file(const std::string& path) {
   if (path.find('\0') != std::string::npos) throw RunTimeError(RunTimeError::bad_file_name, path);
   std::error_code failure;
-  const std::string target = os::is_link(path) ? std::filesystem::canonical(path, failure).string() : path;
+  std::string target = os::is_link(path) ? std::filesystem::canonical(path, failure).string() : path;
   const auto facts = os::facts_of(target);
   if (failure || (facts && facts->kind != os::FileFacts::Kind::plain))
     throw RunTimeError(RunTimeError::path_access_error, path);

@@ -51,9 +51,9 @@ class LineCount {
 
 }  // namespace
 
-TextReader::TextReader(const std::string& path, std::string shown)
+TextReader::TextReader(const std::string& path, std::string_view shown)
     : file_(FileHandle::open_for_reading(path)),
-      path_(shown.empty() ? path : std::move(shown)),
+      path_(shown.empty() ? std::string_view{path} : shown),
       buffer_(buffer_size) {}
 
 TextReader TextReader::from_bytes(std::string_view bytes, std::string name) {

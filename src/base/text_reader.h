@@ -27,7 +27,7 @@ class TextReader {
  public:
   /// Opens an existing file (the case of its name does not matter). Messages call it `shown`, or by its path.
   /// Throws RunTimeError 53, 70 or 75.
-  explicit TextReader(const std::string& path, std::string shown = "");
+  explicit TextReader(const std::string& path, std::string_view shown = "");
   /// Reads from memory, as if the bytes were a file's.
   static TextReader from_bytes(std::string_view bytes, std::string name = "");
 

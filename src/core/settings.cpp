@@ -154,7 +154,19 @@ std::vector<ProfileEntry> settings_entries(const Settings& settings) {
 
 void write_settings(App& app) {
   app.trace.line("Public Sub write_settings()");
-  app.platform.profile.set(ini_path(app), settings_entries(app.state.settings));
+  Profile& profile = app.platform.profile;
+  const std::string path = ini_path(app);
+  const ProfileHold hold{profile, path};
+  std::vector<ProfileEntry> entries;
+  for (const SettingKey& key : keys) {
+    const std::string value = setting_value(app.state.settings, key);
+    // What this program has not changed another one may have: it stays as it stands.
+    const bool changed = value != setting_value(app.state.settings_in_file, key);
+    if (key.key == key_version || changed || profile.get(path, key.section, key.key).empty())
+      entries.push_back({std::string{key.section}, std::string{key.key}, value});
+  }
+  profile.set(path, entries);
+  app.state.settings_in_file = app.state.settings;
 }
 
 void write_settings_or_tell(App& app) {
@@ -187,6 +199,7 @@ void read_settings(App& app) {
   }
   settings.soapbox = value_of(ini_section, "SOAPBOX");
   settings.mycall14 = pad_right(trim(settings.mycall), 14);
+  app.state.settings_in_file = settings;
 }
 
 void read_Varnisto_cfg(App& app) {

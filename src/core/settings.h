@@ -38,7 +38,8 @@ bool settings_current(App& app);
 
 /// What `write_settings` writes.
 std::vector<ProfileEntry> settings_entries(const Settings& settings);
-/// Writes every key, in one replacement of the file. Throws RunTimeError 61, 70, 76.
+/// Writes every key, in one replacement of the file; one that was not changed here stays as it stands in the
+/// file. Throws RunTimeError 61, 70, 76.
 void write_settings(App& app);
 /// The same; that it cannot be written is a notice: what runs needs no file.
 void write_settings_or_tell(App& app);

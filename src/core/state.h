@@ -226,6 +226,7 @@ struct DisplayState {
 struct State {
   ProgramState program;
   Settings settings;
+  Settings settings_in_file;  ///< as they were read or written last
   InputState input;
   ContestState contest;
   CategoryState category;

@@ -65,9 +65,9 @@ std::string shipped_folder() {
 std::string find_program_folder(const std::string& option) {
   if (!option.empty()) return as_folder(option);
   if (const std::string chosen = environment("VARNISTO_DIR"); !chosen.empty()) return as_folder(chosen);
-  const std::string portable = executable_folder();
+  std::string portable = executable_folder();
   if (!portable.empty() && file_exists(portable + "contest_name.cfg")) return portable;
-  const std::string folder = user_folder();
+  std::string folder = user_folder();
   fill(folder);
   return folder;
 }

@@ -190,6 +190,19 @@ TEST_F(Cli, TwoRunsOfOneLogGiveAWholePairFromOne) {
   EXPECT_EQ(work.files().size(), 6U);
 }
 
+TEST_F(Cli, RunsOfDifferentLogsInOneProgramFolderKeepTheirContests) {
+  const std::pair<const char*, const char*> runs[] = {{"a", "CQ WPX Contest"}, {"b", "All Asian DX Contest"}};
+  for (int round = 0; round < 5; ++round) {
+    for (const auto& [name, contest] : runs) {
+      const std::string input = work.write_text(name + std::string{".ALL"}, "zLog\n" + all_line({}) + "\n");
+      if (::fork() == 0) ::_exit(run({"convert", input, "--contest", contest}));
+    }
+    for (int status = 0; ::wait(&status) > 0;) EXPECT_EQ(status, 0);
+    for (const auto& [name, contest] : runs)
+      EXPECT_TRUE(work.read_text(name + std::string{"_za2c.zsm"}).starts_with(contest));
+  }
+}
+
 TEST_F(Cli, SettingsThatCannotBeReadCanBeReplaced) {
   test.set("JIDX_no_Disp_flag", "99999");
   EXPECT_EQ(run({"settings"}), 1);

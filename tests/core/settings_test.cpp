@@ -29,6 +29,20 @@ TEST_F(SettingsFile, IsReadAndWrittenWithoutChange) {
   EXPECT_EQ(settings.mycall14, "QX1ABC        ");
 }
 
+TEST_F(SettingsFile, WhatAnotherProgramHasChangedMeanwhileStays) {
+  read_settings(app);
+  test.set("NAME", "Hanako");
+  test.set("OPERATORS", "");
+  settings.club = "Club";
+  write_settings(app);
+  const std::string text = test.folder.read("Varnisto.ini");
+  for (const char* line : {"\r\nNAME=Hanako\r\n", "\r\nCLUB=Club\r\n", "\r\nOPERATORS=QX1ABC\r\n"})
+    EXPECT_TRUE(contains(text, line)) << text;
+  settings.my_name = "Jiro";
+  write_settings(app);
+  EXPECT_TRUE(contains(test.folder.read("Varnisto.ini"), "\r\nNAME=Jiro\r\n"));
+}
+
 TEST_F(SettingsFile, ValuesAreCutTo127Characters) {
   write_ini("[Varnisto.ini]\nNAME=" + std::string(126, 'x') + "漢字\n");
   read_settings(app);

@@ -118,6 +118,17 @@ TEST(ProfileFile, WhatKeepsItFromBeingReadIsError75) {
   EXPECT_EQ(error_of([&] { profile.get(endless, "Main", "x"); }), 5);
 }
 
+TEST(ProfileFile, APlantedLinkOfAnOldScratchNameIsLeftAlone) {
+  TempDir dir;
+  const std::string path = dir.write("a.ini", "[Main]\r\nx=1\r\n");
+  std::filesystem::create_symlink(dir.write("other", "other"), path + ".new");
+  FileProfile profile;
+  const ProfileEntry entry{"Main", "x", "2"};
+  profile.set(path, {&entry, 1});
+  EXPECT_EQ(dir.read("a.ini"), "[Main]\r\nx=2\r\n");
+  EXPECT_EQ(dir.read("other"), "other");
+}
+
 TEST(ProfileFile, ParallelWritersLoseNothing) {
   TempDir dir;
   const std::string path = dir.write("a.ini", "[Main]\r\ncount=0\r\n");
