@@ -1,5 +1,7 @@
 #include "core/settings.h"
 
+#include <utility>
+
 #include "base/checked_int.h"
 #include "base/text.h"
 #include "base/text_reader.h"
@@ -159,14 +161,16 @@ void write_settings(App& app) {
   const ProfileHold hold{profile, path};
   std::vector<ProfileEntry> entries;
   for (const SettingKey& key : keys) {
-    const std::string value = setting_value(app.state.settings, key);
-    // What this program has not changed another one may have: it stays as it stands.
-    const bool changed = value != setting_value(app.state.settings_in_file, key);
-    if (key.key == key_version || changed || profile.get(path, key.section, key.key).empty())
-      entries.push_back({std::string{key.section}, std::string{key.key}, value});
+    std::string value = setting_value(app.state.settings, key);
+    const std::string text = profile.get(path, key.section, key.key);
+    SettingInFile& known = app.state.settings_in_file[key.key];
+    // What another program has changed meanwhile and this one has not stays as it stands.
+    const bool changed_there = !text.empty() && text != known.text;
+    if (changed_there && value == known.written && key.key != key_version) continue;
+    known = {value, value};
+    entries.push_back({std::string{key.section}, std::string{key.key}, std::move(value)});
   }
   profile.set(path, entries);
-  app.state.settings_in_file = app.state.settings;
 }
 
 void write_settings_or_tell(App& app) {
@@ -199,7 +203,9 @@ void read_settings(App& app) {
   }
   settings.soapbox = value_of(ini_section, "SOAPBOX");
   settings.mycall14 = pad_right(trim(settings.mycall), 14);
-  app.state.settings_in_file = settings;
+  for (const SettingKey& key : keys)
+    app.state.settings_in_file[key.key] = {app.platform.profile.get(path, key.section, key.key),
+                                           setting_value(settings, key)};
 }
 
 void read_Varnisto_cfg(App& app) {

@@ -6,7 +6,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/notes.h"
@@ -61,6 +63,12 @@ struct Settings {
   std::string op_iota_island, iota_class, iota_name_only;
   std::string select_cont_yusen;  ///< "1": the selection dialog wins over the logger's summary
   std::string exe_rec;            ///< number of runs
+};
+
+/// A setting as this program has met it in the file last.
+struct SettingInFile {
+  std::string text;     ///< as it stood there
+  std::string written;  ///< as this program would have written it then
 };
 
 /// The chosen input and every name derived from it.
@@ -226,7 +234,7 @@ struct DisplayState {
 struct State {
   ProgramState program;
   Settings settings;
-  Settings settings_in_file;  ///< as they were read or written last
+  std::map<std::string_view, SettingInFile> settings_in_file;  ///< by key
   InputState input;
   ContestState contest;
   CategoryState category;
