@@ -34,8 +34,10 @@ TEST(Open, RecognisesTheKind) {
                    std::string{no_qso_text}},
                Row{"d.all", "zLog\r\n  \r\nQSO: 7000 CW 2025-11-29\r\n", "zlog_all", "zlog_all_zsm0",
                    "d_za2c.zsm", 1, std::string{no_all_log_text}},
-               Row{"d.all", "zLog\r\n2025/1a/29\r\n202511/29\r\n", "zlog_all", "zlog_all_zsm0", "d_za2c.zsm",
-                   1, std::string{no_all_log_text}},
+               Row{"d.all",
+                   "zLog\r\nx025/11/29\r\n202x/11/29\r\n2025/x1/29\r\n2025/1a/29\r\n2025/11/x9\r\n2025/11/"
+                   "2\r\n202511/29\r\n",
+                   "zlog_all", "zlog_all_zsm0", "d_za2c.zsm", 1, std::string{no_all_log_text}},
                Row{"e.xyz", "", "", "", "", 1,
                    "対応していない形式のファイルです。\r\n*.all , *.zlo , *.txt , *.bin "
                    "のファイルを指定して下さい。"})) {

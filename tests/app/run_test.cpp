@@ -3,12 +3,15 @@
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
+#include <new>
+#include <stdexcept>
 #include <sys/resource.h>
 
 #include "app/action.h"
 #include "app/driver.h"
 #include "app/start_up.h"
 #include "base/interruption.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "cabrillo/writer.h"
 #include "support/other_user.h"
@@ -65,7 +68,7 @@ class Run : public testing::Test {
 };
 
 TEST_F(Run, LeavesTwoEqualLogsAndNoScratchFiles) {
-  for (const char* name : {"QX1ABC.cbr_2", "QX1ABC.cbr_3", "QX1ABC.cbr2", "QX1ABC.cbr_22"})
+  for (const char* name : {"QX1ABC.cbr_2", "QX1ABC.cbr_3", "QX1ABC.cbr2", "QX1ABC.cbr_22", "in_name.000"})
     work.write(name, "x");
   work.write("QX1ABC.log", "an older and longer file" + std::string(9999, 'x'));
   kaishi_Click(test.app);
@@ -149,6 +152,92 @@ TEST_F(Run, AProgramFolderThatCannotBeWrittenCostsANotice) {
   EXPECT_TRUE(work.has("QX1ABC.cbr") && work.has("QX1ABC.log"));
   ASSERT_EQ(test.desk.boxes.size(), 2U);
   EXPECT_TRUE(contains(test.desk.boxes[0].text, "check_Cabrillo.txt")) << test.desk.boxes[0].text;
+}
+
+TEST_F(Run, OfJidxShowsItsNoticeUnlessSwitchedOff) {
+  for (const bool off : {false, true}) {
+    test.app.state.contest.contest_name = "JIDX Contest";
+    test.app.state.settings.jidx_no_disp_flag = off ? 1 : 0;
+    test.desk.boxes.clear();
+    kaishi_Click(test.app);
+    EXPECT_EQ(test.desk.boxes.size(), off ? 1U : 2U);
+  }
+  EXPECT_EQ(test.app.main.lblShori.text, "処理終了");
+}
+
+TEST(Action, AnErrorTellsWhatToDo) {
+  struct Row {
+    std::function<void()> work;
+    std::string advice;
+    int number;
+  };
+  const auto error = [](RunTimeError::Number number) { return [=] { throw RunTimeError(number, "x"); }; };
+  for (const Row& row :
+       rows_of(Row{error(RunTimeError::bad_argument), "この値または行を修正", 5},
+               Row{error(RunTimeError::overflow), "ログの値が大き過ぎます", 6},
+               Row{[] { throw std::bad_alloc{}; }, "他のプログラムを終了", 7},
+               Row{error(RunTimeError::type_mismatch), "この行を修正", 13},
+               Row{error(RunTimeError::file_not_found), "ファイルの名前と場所", 53},
+               Row{[] { throw std::logic_error{"x"}; }, "もう一度", 57},
+               Row{error(RunTimeError::disk_full), "ディスクの空きを増やして", 61},
+               Row{error(RunTimeError::past_end), "ファイルの内容を確認", 62},
+               Row{error(RunTimeError::permission_denied), "ファイルとフォルダが読み取り専用", 70},
+               Row{error(RunTimeError::path_access_error), "ファイルの名前と種類", 75},
+               Row{error(RunTimeError::path_not_found), "フォルダがあるか", 76})) {
+    TestApp test;
+    test.app.state.program.window_open = true;
+    test.app.desk.hourglass(true);
+    const ActionResult result = run_action(test.app, row.work);
+    EXPECT_EQ(result.number, row.number);
+    EXPECT_FALSE(result.ends_program);
+    EXPECT_TRUE(test.desk.boxes.at(0).text.starts_with(result.text + "\r\n\r\n" + row.advice))
+        << test.desk.boxes[0].text;
+    EXPECT_EQ(test.desk.hourglass_on, 0);
+    test.app.state.program.window_open = false;
+    EXPECT_TRUE(run_action(test.app, row.work).ends_program);
+    EXPECT_EQ(test.desk.boxes.at(1).text, result.text);
+  }
+}
+
+TEST(Action, TheOutermostOneShowsTheNotices) {
+  TestApp test;
+  std::size_t inside = 9;
+  run_action(test.app, [&] {
+    run_action(test.app, [&] { add_notice(test.app, "x"); });
+    inside = test.desk.boxes.size();
+  });
+  EXPECT_EQ(inside, 0U);
+  EXPECT_EQ(test.desk.boxes.size(), 1U);
+}
+
+TEST(Action, ARefusalSwitchesTheStartButtonOff) {
+  TestApp test;
+  test.app.main.kaishi.enabled = true;
+  test.app.desk.hourglass(true);
+  EXPECT_EQ(run_action(test.app, [] { throw Refusal("no"); }).kind, ActionResult::refused);
+  EXPECT_FALSE(test.app.main.kaishi.enabled);
+  EXPECT_EQ(test.app.state.input.in_err_flag, 1);
+  EXPECT_EQ(test.desk.texts, std::vector<std::string>{"no"});
+  EXPECT_EQ(test.desk.hourglass_on, 0);
+}
+
+TEST(Notes, ReadAsTheUserSeesThem) {
+  const std::pair<Note, const char*> rows[] = {
+      {{NoteKind::after_eof, 2, 3}, "終端文字 ( 1A ) より後の行は読んでいません。 （ 2 行、最初は 3 行目 ）"},
+      {{NoteKind::left_out, 1, 4},
+       "相手局のレポートが空白の交信は書いていません。 （ 1 件、最初は 4 行目 ）"},
+      {{NoteKind::mode_kept, 1, 4},
+       "表に無いモードの交信は前の交信のモードで書いています。 （ 1 件、最初は 4 行目 ）"},
+      {{NoteKind::band_kept, 1, 4},
+       "表に無いバンドの交信は前の交信の周波数で書いています。 （ 1 件、最初は 4 行目 ）"},
+      {{NoteKind::tx_kept, 1, 4},
+       "TX# の無い交信は前の交信の送信機番号で書いています。 （ 1 件、最初は 4 行目 ）"},
+      {{NoteKind::tx_dropped, 1, 4},
+       "ログの名前が all で終わらないため、送信機番号を 0 で書いています。 （ 1 件、最初は 4 行目 ）"},
+      {{NoteKind::contest_guessed, 1, 0, "JIDX"}, "ｺﾝﾃｽﾄ名はファイル名からの推定です。 [ JIDX ]"},
+      {{NoteKind::qtc_unread, 1, 4},
+       "相手局・日付・時刻がそろわない QTC のメモは行にしていません。 （ 1 件、最初は 4 行目 ）"}};
+  for (const auto& [note, text] : rows) EXPECT_EQ(note_text(note), text);
 }
 
 /// Runs a log of these lines; answers name, count and line of every note.

@@ -26,6 +26,16 @@ TEST(Title, BecomesACode) {
   }
 }
 
+TEST(CategoryCode, TakesTheModeInTwoContests) {
+  for (const auto& [code, taken] :
+       texts_of<2>("WAEDC-|WAEDC-CW", "CQ-160|CQ-160-CW", "ARRL-DX|ARRL-DX", "CQ-WW|CQ-WW")) {
+    TestApp test;
+    test.app.state.contest.cont_id = code;
+    apply_texts(test.app, {"SINGLE-OP ", "7", "40M ", "LOW", "CW "});
+    EXPECT_EQ(test.app.state.contest.cont_id, taken);
+  }
+}
+
 TEST(JidxCategory, IsBandAndLowPowerOrMop) {
   const std::array<std::string, 4> rows[] = {
       {"Single-op ", "7", "LOW", "7L"},      {"SINGLE-OP", "All Band", "HIGH", "AB"},

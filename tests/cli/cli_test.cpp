@@ -8,6 +8,7 @@
 #include "base/interruption.h"
 #include "base/text.h"
 #include "cli/console.h"
+#include "cli/json_bytes.h"
 #include "cli/run_cli.h"
 #include "support/rows.h"
 #include "support/test_app.h"
@@ -61,7 +62,8 @@ TEST_F(Cli, JsonIsOneObjectALogAndTheWorstStatusCounts) {
   const auto objects = split(out.str(), '\n');
   ASSERT_EQ(objects.size(), 3U);  // nothing behind the last line end
   EXPECT_TRUE(contains(objects[0], "\"ok\":false,\"error\":{\"number\":53,")) << objects[0];
-  EXPECT_TRUE(objects[1].ends_with("\"ok\":true,\"error\":null}")) << objects[1];
+  EXPECT_TRUE(contains(objects[1], ",\"messages\":[")) << objects[1];
+  EXPECT_TRUE(objects[1].ends_with("],\"ok\":true,\"error\":null}")) << objects[1];
 }
 
 TEST_F(Cli, ARefusalHasItsStatusAndWritesNothing) {
@@ -70,6 +72,9 @@ TEST_F(Cli, ARefusalHasItsStatusAndWritesNothing) {
   EXPECT_TRUE(contains(err.str(), "{high,low,qrp}")) << err.str();
   EXPECT_EQ(run({"send", log}), 2);
   EXPECT_TRUE(contains(err.str(), "not available yet: send")) << err.str();
+  for (const char* option : {"--lint", "--year=2025"}) EXPECT_EQ(convert(option), 2) << option;
+  for (const char* option : {"--lint", "--year"})
+    EXPECT_TRUE(contains(err.str(), std::string{"not available yet: "} + option)) << err.str();
   test.folder.write_text("contest_name.cfg", replace_all(std::string(51, '.'), ".", "T,C,N\n"));
   EXPECT_EQ(convert("--quiet"), 4);
   test.set("version", "3.08");
@@ -149,6 +154,12 @@ TEST_F(Cli, CheckRefusesAFileWithoutAQsoAndStreamsTheRest) {
       << out.str();
   EXPECT_TRUE(out.str().ends_with("his exch が空白です。\n\n\n")) << out.str();
   EXPECT_TRUE(contains(err.str(), "終端文字"));
+  convert("--quiet");
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(run({"check", work.path() + "QX1ABC.cbr"}), 0);
+  EXPECT_EQ(out.str(), work.path() + "QX1ABC.cbr: OK (408 QSO)\n");
+  EXPECT_EQ(run({"check", "--quiet", work.path() + "QX1ABC.cbr"}), 0);
+  EXPECT_EQ(out.str(), "");
   EXPECT_EQ(run({"check", "--json", file}), 0);
   EXPECT_TRUE(contains(out.str(), "\"finding_count\":11,")) << out.str();
 }
@@ -166,6 +177,9 @@ TEST_F(Cli, WrongUsageIsTwo) {
   EXPECT_TRUE(contains(err.str(), "contest_name.cfg")) << err.str();
   EXPECT_EQ(run({"convert", "--help"}), 0);
   EXPECT_FALSE(contains(out.str(), "{false}"));
+  EXPECT_EQ(run({"--help"}), 0);
+  EXPECT_TRUE(contains(out.str(), " not available yet\n"));
+  EXPECT_TRUE(contains(err.str(), "JIDX_no_Disp_flag: エラー")) << err.str();
   out.setstate(std::ios::badbit);
   EXPECT_EQ(run_cli({"--version"}, out, err), 1);
 }
@@ -251,6 +265,19 @@ TEST(Console, ControlCharactersAreShownOrBlank) {
     stream << "a\x1B[1m\tb" << '\x7F' << "\r\n" << std::flush;
     EXPECT_EQ(below.str(), text);
   }
+}
+
+TEST(JsonBytes, WhatIsNoCharacterBecomesHalfASurrogatePair) {
+  for (const std::string text :
+       {"\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xE0\xBF\xBF", "\xE1\x80\x80", "\xEC\xBF\xBF",
+        "\xED\x80\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
+        "\xF0\xBF\xBF\xBF", "\xF1\x80\x80\x80", "\xF3\xBF\xBF\xBF", "\xF4\x80\x80\x80", "\xF4\x8F\xBF\xBF"})
+    EXPECT_EQ(with_surrogates(escape_bytes(text)), text);
+  for (const auto& [bytes, first] :
+       texts_of<2>("\x80|80", "\xC1\xBF|c1", "\xC2\x7F|c2", "\xDF\xC0|df", "\xE0\x9F\xBF|e0",
+                   "\xE1\x7F\x80|e1", "\xED\xA0\x80|ed", "\xEF\xBF|ef", "\xEF\xBFx|ef", "\xF0\x8F\xBF\xBF|f0",
+                   "\xF3\xBF\xBF|f3", "\xF4\x90\x80\x80|f4", "\xF5\x80\x80\x80|f5"))
+    EXPECT_TRUE(with_surrogates(escape_bytes(bytes)).starts_with("\\udc" + first)) << first;
 }
 
 TEST_F(Cli, ToZlogWritesALoggersText) {

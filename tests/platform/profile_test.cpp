@@ -116,6 +116,7 @@ TEST(ProfileFile, WhatKeepsItFromBeingReadIsError75) {
   FileProfile profile;
   EXPECT_EQ(error_of([&] { profile.get(dir.path() + "a.ini", "Main", "x"); }), 75);
   EXPECT_EQ(error_of([&] { profile.get(endless, "Main", "x"); }), 5);
+  EXPECT_EQ(error_text_of([&] { profile.get(endless, "Main", "x"); }), endless + ": 2 行目");
 }
 
 TEST(ProfileFile, APlantedLinkOfAnOldScratchNameIsLeftAlone) {

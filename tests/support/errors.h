@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "base/run_time_error.h"
 
@@ -14,6 +15,16 @@ inline int error_of(const std::function<void()>& action) {
     return error.number;
   }
   return 0;
+}
+
+/// Text of the RunTimeError that `action` throws; "" when it throws none.
+inline std::string error_text_of(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RunTimeError& error) {
+    return error.what();
+  }
+  return "";
 }
 
 }  // namespace varnisto::test

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/frm_overlay.h"
@@ -74,6 +75,23 @@ TEST_F(SelectContTest, PresetsFromLogAndMainWindow) {
   EXPECT_EQ(form.cmdDisp_in.tip, test.app.state.input.in_name + " の表示");
 }
 
+TEST_F(SelectContTest, TheChoicesWinOverASummaryWhenAsked) {
+  work.write_text("log.zsm", "");
+  test.app.state.settings.select_cont_yusen = test.app.state.settings.iota_class = "";
+  for (const bool wins : {true, false}) {
+    SelectCont form{test.app};
+    EXPECT_EQ(test.app.state.settings.iota_class, "24-HOURS");
+    ASSERT_TRUE(form.Check1.enabled);
+    EXPECT_TRUE(form.Check1.checked);
+    form.Check1.checked = wins;
+    form.click("Check1");
+    choose(form, 3);
+    form.click("cmdOK");
+    EXPECT_EQ(test.app.main.lblYusen.text, wins ? "設定優先" : "");
+    EXPECT_EQ(contains(test.app.main.lblCategory.text, "CATEGORY: SINGLE-OP "), wins);
+  }
+}
+
 struct OperatorCase {
   int option;
   std::string op, text, cat_operator, transmitter, station;
@@ -139,6 +157,10 @@ TEST_F(SelectContTest, TheOverlaysReturnButtonLeadsBack) {
   form.click("cmdOK");
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(test.desk.forms.size(), 2U);
+  category().overlay_cat = test.app.main.Label2.text = "ROOKIE";
+  choose(form, 3);
+  form.click("cmdOK");
+  EXPECT_EQ(category().overlay_cat + test.app.main.Label2.text, "");
 }
 
 }  // namespace
