@@ -3,8 +3,9 @@
 
 A rule counts as tested when a fault in it makes a test fail. The faults are drawn at random (same seed, same faults)
 from the lines of src/ that can hold a rule: no includes, comments, static_asserts, bare declarations, lines of the
-debug log. Each goes into a private copy of the tree under build/, never into the working tree; the copy is built without
-optimisation, and its tests run until one fails. A fault that the compiler refuses is counted apart, another one drawn.
+debug log. Each goes into a private copy of the tree under build/, never into the working tree; the copy is built
+without optimisation, and its tests run until one fails. A fault that the compiler refuses is counted apart, another
+one drawn.
 
 A fault that nobody notices need not be a gap: the changed line may do the same as before or only cost time.
 
@@ -229,11 +230,11 @@ def show(fault, noticed, seconds):
           f"    {verdict}  ({seconds:.0f} s)", flush=True)
 
 
-def plant(options):
+def plant(drawn, options):
     """Plants the drawn faults; returns for each folder how many were noticed and planted."""
     folders, refused = collections.defaultdict(lambda: [0, 0]), 0
     end = time.monotonic() + options.minutes * 60
-    for fault in draw(options):
+    for fault in drawn:
         if sum(planted for _, planted in folders.values()) == options.faults or time.monotonic() > end:
             break
         begun = time.monotonic()
@@ -263,8 +264,13 @@ def options_of(arguments):
 def main():
     options = options_of(sys.argv[1:])
     os.nice(10)
+    try:
+        drawn = draw(options)
+    except (OSError, subprocess.CalledProcessError) as error:  # no such file or revision
+        print(error, file=sys.stderr)
+        return 2
     prepare()
-    folders = plant(options)
+    folders = plant(drawn, options)
     for folder, (noticed, planted) in sorted(folders.items()):
         print(f"{folder:10} {noticed:4} of {planted}")
     noticed, planted = map(sum, zip(*folders.values(), (0, 0)))
