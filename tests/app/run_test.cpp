@@ -163,6 +163,7 @@ TEST_F(Run, OfJidxShowsItsNoticeUnlessSwitchedOff) {
     EXPECT_EQ(test.desk.boxes.size(), off ? 1U : 2U);
   }
   EXPECT_EQ(test.app.main.lblShori.text, "処理終了");
+  EXPECT_EQ(test.app.main.lblShori.color, Color::blue);
 }
 
 TEST(Action, AnErrorTellsWhatToDo) {

@@ -179,6 +179,7 @@ TEST_F(Cli, WrongUsageIsTwo) {
   EXPECT_FALSE(contains(out.str(), "{false}"));
   EXPECT_EQ(run({"--help"}), 0);
   EXPECT_TRUE(contains(out.str(), " not available yet\n"));
+  EXPECT_TRUE(contains(err.str(), "\n--version stands alone\n")) << err.str();
   EXPECT_TRUE(contains(err.str(), "JIDX_no_Disp_flag: エラー")) << err.str();
   out.setstate(std::ios::badbit);
   EXPECT_EQ(run_cli({"--version"}, out, err), 1);
