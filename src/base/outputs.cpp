@@ -50,10 +50,13 @@ void Outputs::protect(std::vector<std::string> inputs) {
 
 void Outputs::refuse_input(const std::string& path, const std::string& target,
                            std::string_view rewritten) const {
-  for (const std::string& input : inputs_)
-    if (input != rewritten && os::same_file(input, target))
-      throw RunTimeError(RunTimeError::path_access_error,
-                         path + " は入力ファイル " + input + " と同じファイルです");
+  const auto is_target = [&](const std::string& input) {
+    return input != rewritten && os::same_file(input, target);
+  };
+  const auto input = std::ranges::find_if(inputs_, is_target);
+  if (input != inputs_.end())
+    throw RunTimeError(RunTimeError::path_access_error,
+                       path + " は入力ファイル " + *input + " と同じファイルです");
 }
 
 void Outputs::refuse_second_name(const std::string& path, const std::string& target) const {
@@ -76,8 +79,12 @@ FileHandle Outputs::create(const std::string& path, Need need, std::string_view 
   const std::string target = replaced_file(path);
   refuse_input(path, target, rewritten);
   refuse_second_name(path, target);
-  pending_.push_back({path, make_temporary(target), need});
-  return pending_.back().file->take_file();
+  std::unique_ptr<Temporary> file = make_temporary(target);
+  Pending& fresh = pending_.emplace_back();
+  fresh.path = path;
+  fresh.need = need;
+  fresh.file = std::move(file);
+  return fresh.file->take_file();
 }
 
 void Outputs::give_up(const std::string& path) {
