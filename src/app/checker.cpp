@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "base/columns.h"
-#include "base/files.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "base/text_writer.h"
@@ -163,13 +162,13 @@ CheckResult check_Cabrillo_sub(App& app) {
   CheckResult result = check_cabrillo(log, input.in_name, input.out_name, report);
   report.close();
   if (result.errors == 0 && report.is_whole()) app.outputs.remove(report_name(app));
+  result.report_kept = result.errors > 0 && report.is_whole();
   return result;
 }
 
-void show_check_report(App& app) {
-  const std::string name = report_name(app);
-  if (!file_exists(name)) return;
-  app.state.display.disp_name = name;
+void show_check_report(App& app, const CheckResult& check) {
+  if (!check.report_kept) return;
+  app.state.display.disp_name = report_name(app);
   app.desk.show(FormName::frmDisp2);
 }
 

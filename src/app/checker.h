@@ -20,6 +20,7 @@ struct CheckResult {
   std::int32_t qsos = 0;              ///< lines that hold "QSO:"
   std::int64_t finding_count = 0;     ///< messages
   std::vector<std::string> findings;  ///< the first of them, trimmed
+  bool report_kept = false;           ///< the report of these findings is in its file
 };
 
 /// Checks a Cabrillo file and writes the report: the two names, then the findings among one empty line for
@@ -30,7 +31,8 @@ CheckResult check_cabrillo(TextReader& log, const std::string& in_name, const st
 /// Checks `out_name` into check_Cabrillo.txt in the program folder; a report without findings is deleted.
 /// That it cannot be written is a notice. Throws RunTimeError when the log cannot be read.
 CheckResult check_Cabrillo_sub(App& app);
-/// Shows the report in the viewer when it could be written.
-void show_check_report(App& app);
+/// Shows the report of these findings in the viewer; one that could not be written is not shown, nor an
+/// earlier one in its place.
+void show_check_report(App& app, const CheckResult& check);
 
 }  // namespace varnisto

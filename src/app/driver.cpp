@@ -176,7 +176,7 @@ void kaishi_1(App& app) {
   end_run(app);
   append_notes(app);
   show_boxes(app);
-  if (check.errors > 0) show_check_report(app);
+  show_check_report(app, check);
 }
 
 void kaishi_Click(App& app) {

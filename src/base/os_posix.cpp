@@ -145,7 +145,7 @@ std::string temporary_folder() {
 }
 
 std::string make_private_folder(const std::string& start) {
-  std::string path = start + "XXXXXX";
+  std::string path = start + std::string(6, 'X');  // the pattern that mkdtemp() wants
   if (::mkdtemp(path.data())) return path;
   if (errno == ENOENT) throw RunTimeError(RunTimeError::path_not_found, path);
   throw_file_error(errno, path);

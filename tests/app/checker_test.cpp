@@ -80,10 +80,11 @@ TEST(Check, CountsEveryFindingAndKeepsTheFirstThousand) {
 TEST(Check, ShowsAReportWithFindingsAndDeletesOneWithout) {
   StartedApp test;
   test.app.state.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
-  EXPECT_EQ(check_Cabrillo_sub(test.app).findings, std::vector<std::string>{"NAME: 項目が空白です。"});
+  const CheckResult found = check_Cabrillo_sub(test.app);
+  EXPECT_EQ(found.findings, std::vector<std::string>{"NAME: 項目が空白です。"});
   EXPECT_FALSE(test.folder.has("check_Cabrillo.txt"));
   test.app.outputs.commit();
-  show_check_report(test.app);
+  show_check_report(test.app, found);
   EXPECT_EQ(test.desk.forms, std::vector{FormName::frmDisp2});
   EXPECT_EQ(test.app.state.display.disp_name, test.folder.path() + "check_Cabrillo.txt");
   EXPECT_TRUE(test.folder.has("check_Cabrillo.txt"));
@@ -91,6 +92,18 @@ TEST(Check, ShowsAReportWithFindingsAndDeletesOneWithout) {
   EXPECT_EQ(check_Cabrillo_sub(test.app).errors, 0);
   test.app.outputs.commit();
   EXPECT_FALSE(test.folder.has("check_Cabrillo.txt"));
+}
+
+TEST(Check, NeverShowsAnEarlierReportForOneThatCouldNotBeWritten) {
+  StartedApp test;
+  const std::string report = test.folder.write("check_Cabrillo.txt", "of another log");
+  std::filesystem::permissions(report, std::filesystem::perms{0444});
+  test.app.state.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
+  const CheckResult found = check_Cabrillo_sub(test.app);
+  test.app.outputs.commit();
+  show_check_report(test.app, found);
+  EXPECT_TRUE(test.desk.forms.empty());
+  EXPECT_EQ(test.app.state.program.notices.size(), 1U);
 }
 
 }  // namespace
