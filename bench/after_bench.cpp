@@ -32,11 +32,11 @@ class Setting {
  public:
   explicit Setting(int count) : app{platform_, desk_} {
     const std::string folder = app.tmp_dir.path();
-    InputState& input = app.state.input;
+    InputState& input = app.state.log.input;
     app.state.settings.mycall = "QX1ABC";
     app.state.settings.mycall14 = pad_right("QX1ABC", 14);
     app.state.settings.eqslcom = "TNX QSO";
-    input.in_kind = "zlog_all";
+    input.in_kind = InputKind::zlog_all;
     input.in_name = folder + "QX1ABC.ALL";
     input.out_name = folder + "QX1ABC.cbr";
     input.adi_name = folder + "QX1ABC.adi";
@@ -54,7 +54,7 @@ class Setting {
   /// The step's outputs take their names, as at the end of a run.
   void end_run() {
     app.outputs.commit();
-    app.state.input.outputs.clear();
+    app.state.log.input.outputs.clear();
   }
 
  private:

@@ -33,7 +33,7 @@ class OpenedLog {
     Form_Load(app);
     app.state.settings.mycall = "QX1ABC";
     app.state.settings.mycall14 = "QX1ABC        ";
-    app.main.Option1.selected = app.main.Option3.selected = 0;
+    app.state.entry.power = Power::high;
     open();
     kaishi_1(app);
   }
@@ -91,7 +91,7 @@ BENCHMARK(write_alone)->Arg(30000)->Unit(benchmark::kMillisecond);
 
 void copy_alone(benchmark::State& state) {
   OpenedLog log{static_cast<std::size_t>(state.range(0))};
-  const InputState& input = log.app.state.input;
+  const InputState& input = log.app.state.log.input;
   for (auto _ : state) {
     copy_file(input.out_name, log.app.outputs.create(input.log_name));
     log.app.outputs.commit();

@@ -38,7 +38,8 @@ class ChoosingDesk final : public Desk {
   std::optional<std::string> open_file_dialog(const OpenFileRequest&) override { return std::nullopt; }
   void show(FormName form) override {
     if (form != FormName::select_cont) return;
-    SelectCont dialog{*app};
+    select_cont dialog{*app};
+    dialog.Form_Load();
     dialog.List1.selected = cqww_row;
     dialog.click("List1", cqww_row);
     dialog.click("cmdOK");
@@ -96,7 +97,7 @@ void count_items(benchmark::State& state) {
 
 void tally(benchmark::State& state) {
   Workplace place{state.range(0)};
-  place.app.state.input.z2a_name = place.log();
+  place.app.state.log.input.z2a_name = place.log();
   for (auto _ : state) tally_log(place.app, all_tally);
   count_items(state);
 }

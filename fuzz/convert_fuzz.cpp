@@ -12,7 +12,7 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "cli/cli_desk.h"
-#include "core/main_options.h"
+#include "core/entry.h"
 #include "core/settings.h"
 #include "folder.h"
 #include "support/null_app.h"
@@ -82,7 +82,7 @@ CliOptions options_of(const fuzz::Switches& switches) {
   for (const Contest& contest : contests)
     if (switches.on(contest.letter)) answers.contest = contest.title;
   for (const FlagSwitch& row : flag_switches)
-    options.overrides.emplace_back(row.key, switches.flag(row.letter));
+    options.overrides.emplace_back(row.key, switches.on(row.letter) ? "1" : "0");
   options.overrides.emplace_back("CALLSIGN", switches.on('/') ? "QX1ABC/1" : "QX1ABC");
   answers.power = switches.choice("hlp");
   answers.op = switches.choice("0123456");
@@ -113,24 +113,18 @@ class Run {
 
   Outcome outcome(const std::string& log) {
     const ActionResult result = run_action(app_, [&] { convert(log); });
-    const bool refused = result.kind == ActionResult::done && app_.state.input.in_err_flag == 1;
-    return {refused ? ActionResult::refused : result.kind,
-            result.number,
-            app_.state.input.qsos_written,
-            result.text,
-            said_.str(),
-            program_.files()};
+    return {result.kind, result.number, app_.state.log.input.qsos_written,
+            result.text, said_.str(),   program_.files()};
   }
 
  private:
   void convert(const std::string& log) {
     const DialogAnswers& answers = options_.answers;
-    const bool& dialog_shown = app_.state.category.dialog_shown;
+    const bool& dialog_shown = app_.state.entry.dialog_shown;
     open_chosen_file(app_, program_.logs + log);
-    if (app_.state.input.in_err_flag == 1) return;
     if (answers.reselect && !dialog_shown) cmdReSelect_Click(app_);
-    if (answers.op && !dialog_shown) Option3_Click(app_, *answers.op);
-    if (answers.power && !dialog_shown) Option1_Click(app_, *answers.power);
+    if (answers.op && !dialog_shown) choose_operator(app_, choice_at<Operator>(*answers.op));
+    if (answers.power && !dialog_shown) choose_power(app_, choice_at<Power>(*answers.power));
     kaishi_Click(app_);
   }
 

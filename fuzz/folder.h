@@ -21,8 +21,6 @@ class Switches {
     input.remove_prefix(std::min(letters_.size() + 1, input.size()));
   }
   bool on(char letter) const { return letters_.find(letter) != std::string_view::npos; }
-  /// The same as the text of a setting.
-  std::string flag(char letter) const { return on(letter) ? "1" : "0"; }
   /// The first switch of a row of letters that is on, by number; nothing when none is.
   std::optional<int> choice(std::string_view row) const {
     const std::size_t at = row.find_first_of(letters_);

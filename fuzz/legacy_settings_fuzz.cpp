@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   App app{platform, null.desk};
   app.state.program.app_dir = folder.path();
   try {
-    read_Varnisto_cfg(app);
+    read_Varnisto_cfg(app, app.state.settings);
   } catch (const RunTimeError& error) {
     fuzz::require(error.number == RunTimeError::past_end || error.number == RunTimeError::overflow,
                   "a legacy file fails with 62 or 6");

@@ -28,7 +28,7 @@ std::optional<std::vector<std::string>> offers_of(std::string_view list, std::st
 }
 
 /// Claims every entry in turn.
-void claim(FrmOverlay& form, App& app) {
+void claim(frmOVERLAY& form, App& app) {
   form.Option1.selected = 1;
   form.click("Option1", 1);
   for (int i = 0; i < static_cast<int>(form.List1.items.size()); ++i) {
@@ -36,7 +36,7 @@ void claim(FrmOverlay& form, App& app) {
     form.click("List1", i);
     form.click("cmdOK");
     const std::string& offer = form.List1.items[static_cast<std::size_t>(i)];
-    fuzz::require(app.state.category.overlay_cat == trim(offer), "the overlay is the chosen one");
+    fuzz::require(app.state.entry.overlay_cat == trim(offer), "the overlay is the chosen one");
   }
 }
 
@@ -47,15 +47,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static test::NullApp null;
   App& app = null.app;
   app.state.program.app_dir = folder.path();
-  app.state.category.overlay_caller = "select_cont";
+  app.state.log.category.overlay_caller = OverlayCaller::select_cont;
   const std::string path = folder.write("OVERLAY.txt", fuzz::bytes_of(data, size));
   for (const char* contest : {"CQ-WPX", "CQ-WW"}) {
-    for (const char* mode : {"CW", "PH", "Mixed"}) {
-      app.state.contest.cont_id = contest;
-      app.state.category.dialog_mode = mode;
+    for (const Mode mode : {Mode::cw, Mode::ssb, Mode::mixed}) {
+      app.state.log.contest.cont_id = contest;
+      app.state.entry.mode = mode;
       const auto expected = offers_of(fuzz::bytes_of(data, size), overlay_key_of(contest, mode));
       try {
-        FrmOverlay form{app};
+        frmOVERLAY form{app};
+        form.Form_Load();
         fuzz::require(expected && form.List1.items == *expected, "every record with the key is offered");
         claim(form, app);
       } catch (const ListFileError& error) {

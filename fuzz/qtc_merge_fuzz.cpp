@@ -22,10 +22,10 @@ namespace {
 class Merge {
  public:
   Merge() {
-    InputState& input = app.state.input;
+    InputState& input = app.state.log.input;
     app.state.settings.mycall = "QX1ABC";
     app.state.settings.mycall14 = "QX1ABC        ";
-    input.in_kind = "zlog_all";
+    input.in_kind = InputKind::zlog_all;
     input.in_name = folder_.path() + "x.ALL";
     input.out_name = folder_.path() + "x.cbr";
     input.qlg_name = folder_.path() + "x.qlg";
@@ -40,15 +40,15 @@ class Merge {
     try {
       WAEDC_put(app);
       get_qtc(app);
-      const InputState& input = app.state.input;
+      const InputState& input = app.state.log.input;
       text = read_file(app.outputs.current(input.qlg_name)) + read_file(app.outputs.current(input.out_name));
     } catch (const RunTimeError& error) {
-      const bool to_utc = app.state.settings.jst_to_utc_flag == "1";
+      const bool to_utc = app.state.settings.jst_to_utc_flag;
       fuzz::require(to_utc && error.number == RunTimeError::type_mismatch,
                     "only a date on its way to UTC can be wrong");
     }
     app.outputs.back_to(0);
-    app.state.input.outputs.clear();
+    app.state.log.input.outputs.clear();
     return text;
   }
 
@@ -80,10 +80,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string_view rest = fuzz::bytes_of(data, size);
   const fuzz::Switches switches{rest};
   Settings& settings = merge.app.state.settings;
-  settings.jst_to_utc_flag = switches.flag('u');
-  settings.freq19_to_18_flag = switches.flag('8');
-  settings.mode_2_rtty_flag = switches.flag('r');
-  settings.get_freq_flag = switches.flag('m');
+  settings.jst_to_utc_flag = switches.on('u');
+  settings.freq19_to_18_flag = switches.on('8');
+  settings.mode_2_rtty_flag = switches.on('r');
+  settings.get_freq_flag = switches.on('m');
   merge.write_log(std::string{"zLog for Windows \r\n"}.append(rest));
 
   const std::string text = merge.run();
@@ -97,7 +97,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   };
   const auto qsos = std::ranges::count_if(fuzz::lines_of(rest), holds_qso);
   fuzz::require(std::ranges::count_if(log, starts_with("QSO:")) == qsos, "every QSO comes back");
-  fuzz::require(merge.app.state.input.qsos_written == qsos, "every QSO is counted");
+  fuzz::require(merge.app.state.log.input.qsos_written == qsos, "every QSO is counted");
   fuzz::require(std::ranges::count(log, "END-OF-LOG:") == 1 && log.back() == "END-OF-LOG:",
                 "the log ends once");
   fuzz::require(std::ranges::is_sorted(minutes_of(log)), "the lines are in order");

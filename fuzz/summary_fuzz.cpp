@@ -13,11 +13,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static test::NullApp null;
   App& app = null.app;
   app.state = State{};
-  app.main.Option1.selected = 1;
-  app.main.Option3.selected = 0;
   try {
     read_summary(app, TextReader::from_bytes(std::string{fuzz::bytes_of(data, size)}));
-    if (title_code(app.state.contest.contest_name)) sep_space_cbr(app);
+    if (title_code(app.state.log.contest.contest_name)) sep_space_cbr(app);
   } catch (const RunTimeError& error) {
     const bool expected = error.number == RunTimeError::past_end ||
                           error.number == RunTimeError::type_mismatch ||
@@ -25,13 +23,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(expected, "a summary fails with 62, 13 or 6");
     return 0;
   } catch (const ProgramEnd&) {
-    fuzz::require(category_line_words(app.state.category.cat_text).size() < 4,
+    fuzz::require(category_line_words(app.state.log.category.cat_text).size() < 4,
                   "only a short category is refused");
     return 0;
   }
-  const CategoryState& category = app.state.category;
-  fuzz::require(category.cat_power == "LOW", "the power is the window's");
-  fuzz::require(!category.cat_operator.empty() && !category.cat_band.empty(), "operator and band are set");
+  fuzz::require(app.state.entry.power == Power::low, "the power is the window's");
+  fuzz::require(!app.state.log.category.cat_band.empty(), "the band is set");
   fuzz::LineList header;
   put_cbr_header(app, header);
   for (const std::string& line : header.lines)

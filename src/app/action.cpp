@@ -57,8 +57,7 @@ class Running {
 
 /// The window stays: the log is marked as not done. Whether it can be started is left to the action.
 void give_up(App& app, const RunTimeError& error) {
-  app.main.lblShori.text = "処理中止";
-  app.main.lblShori.color = Color::red;
+  app.state.display.progress = Progress::given_up;
   message_box(app, {lines({describe(error), "", advice_for(error.number)}), "", Icon::critical});
 }
 
@@ -86,7 +85,7 @@ ActionResult run_trapped(App& app, const std::function<void()>& action) {
     message_box(app, {text, "", Icon::critical});
     return {ActionResult::not_available, 0, text};
   } catch (const Refusal& refusal) {
-    app.state.input.in_err_flag = 1;
+    app.state.log.input.opened = false;
     app.desk.hourglass(false);
     app.main.kaishi.enabled = false;
     show_text(app, refusal.what(), Color::red);
@@ -102,7 +101,7 @@ ActionResult run_trapped(App& app, const std::function<void()>& action) {
   } catch (const RunTimeError& error) {
     return fail(app, error);
   } catch (const std::bad_alloc&) {
-    return fail(app, {RunTimeError::out_of_memory, app.state.input.in_name});
+    return fail(app, {RunTimeError::out_of_memory, app.state.log.input.in_name});
   } catch (const std::exception& error) {
     return fail(app, {RunTimeError::device_io_error, error.what()});
   }

@@ -156,7 +156,7 @@ CheckResult check_cabrillo(TextReader& log, const std::string& in_name, const st
 
 CheckResult check_Cabrillo_sub(App& app) {
   app.trace.line("Public Sub check_Cabrillo_sub()");
-  const InputState& input = app.state.input;
+  const InputState& input = app.state.log.input;
   TextReader log = read_text(app, input.out_name);
   ReportFile report{app, report_name(app)};
   CheckResult result = check_cabrillo(log, input.in_name, input.out_name, report);

@@ -33,10 +33,6 @@ void copy_settings(App& app) {
   app.trace.line("-----------------------");
 }
 
-void set_captions(App& app, const char* caption) {
-  app.main.mnuDebug.caption = app.main.mnuDebug_mode.caption = caption;
-}
-
 }  // namespace
 
 void open_debug_log(App& app) {
@@ -57,14 +53,12 @@ void mnuDebug_mode_Click(App& app) {
   bool& checked = app.main.mnuDebug_mode.checked;
   checked = !checked;
   if (!checked) {
-    set_captions(app, "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ OFF");
     app.trace.debug_flag = app.trace.debug_log_open = 0;
     return;
   }
-  set_captions(app, "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ ON");
   app.trace.debug_flag = 1;
   open_debug_log(app);
-  app.trace.line(app.state.input.in_name);
+  app.trace.line(app.state.log.input.in_name);
 }
 
 }  // namespace varnisto

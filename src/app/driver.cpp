@@ -11,8 +11,8 @@
 #include "cabrillo/qtc_merge.h"
 #include "cabrillo/to_zlog.h"
 #include "cabrillo/writer.h"
+#include "core/contests.h"
 #include "core/lists.h"
-#include "core/main_options.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "mail/send_add.h"
@@ -20,22 +20,32 @@
 namespace varnisto {
 namespace {
 
+bool is_of(const App& app, ContestFamily family) {
+  return family_of(app.state.log.contest.cont_id) == family;
+}
+
+void write_iota_log(App& app) {
+  const InputKind kind = app.state.log.input.in_kind;
+  if (kind == InputKind::zlog_zlo) Make_zlo2all_iota(app);
+  if (!names_of(kind).is_ccc) zlog_all_za2c_print_iota(app);
+}
+
 /// Runs the writer that kind of input, contest and source of the category call for.
 void write_log(App& app) {
-  const std::string& kind = app.state.input.in_kind;
-  const std::string& from = app.state.contest.select_from;
-  app.state.contest.iota_flag = contains(app.state.contest.cont_id, "IOTA") ? 1 : 0;
-  if (app.state.contest.iota_flag == 1) {
-    if (kind == "zlog_zlo") Make_zlo2all_iota(app);
-    if (kind == "zlog_all" || kind == "zlog_zlo") zlog_all_za2c_print_iota(app);
-  } else if (kind == "zlog_all") {
-    if (from == "zlog_zsm") zlog_all_zsm_print(app);
-    if (from == "za2c_zsm") zlog_all_za2c_print(app);
-  } else if (kind == "zlog_zlo") {
-    if (from == "zlog_zsm") Make_zlo2all(app);
-    zlog_all_za2c_print(app);
-  } else if (contains(kind, "ccc")) {
-    ccc_txt(app);
+  if (is_of(app, ContestFamily::iota)) return write_iota_log(app);
+  const bool logger_summary = app.state.log.contest.select_from == SelectFrom::zlog_zsm;
+  switch (app.state.log.input.in_kind) {
+    case InputKind::zlog_all:
+      return logger_summary ? zlog_all_zsm_print(app) : zlog_all_za2c_print(app);
+    case InputKind::zlog_zlo:
+      if (logger_summary) Make_zlo2all(app);
+      return zlog_all_za2c_print(app);
+    case InputKind::ccc_txt:
+    case InputKind::ccc_bin:
+      return ccc_txt(app);
+    case InputKind::none:
+    case InputKind::cabrillo:
+      throw Refusal("ログが開かれていません。");
   }
 }
 
@@ -80,7 +90,7 @@ void show_closing_notice(App& app) {
 }
 
 void make_second_copy(App& app) {
-  InputState& input = app.state.input;
+  InputState& input = app.state.log.input;
   const std::string_view name = file_part(input.out_name);
   if (contains(name, ".cbr"))
     input.log_name = replace_in_name(input.out_name, ".cbr", ".log");
@@ -96,45 +106,45 @@ void begin_debug_log(App& app) {
   if (app.trace.debug_flag != 1) return;
   close_debug_log(app);
   open_debug_log(app);
-  app.trace.line("入力ファイル ： " + app.state.input.in_name);
+  app.trace.line("入力ファイル ： " + app.state.log.input.in_name);
   app.trace.line("Private Sub Kaishi_Click()");
 }
 
 /// The steps that the check boxes ask for, on the log that was written.
 void run_options(App& app) {
-  if (app.main.Check6.checked) conv_J2U(app);
-  if (app.main.Check3.checked) app.state.contest.iota_flag == 1 ? conv_eqsl_iota(app) : conv_eqsl(app);
+  const Settings& settings = app.state.settings;
+  if (settings.jst_to_utc_flag) conv_J2U(app);
+  if (settings.for_eqsl_flag) is_of(app, ContestFamily::iota) ? conv_eqsl_iota(app) : conv_eqsl(app);
 }
 
 void run_contest_steps(App& app) {
-  if (contains(app.state.contest.cont_id, "WAEDC")) WAEDC_put(app);
-  if (contains(app.state.contest.cont_id, "WAEDC")) get_qtc(app);
+  if (!is_of(app, ContestFamily::waedc)) return;
+  WAEDC_put(app);
+  get_qtc(app);
 }
 
 /// The run is done: everything that was written takes its name.
 void end_run(App& app) {
-  const InputState& input = app.state.input;
+  const InputState& input = app.state.log.input;
   if (input.qsos_written == 0) throw Refusal(std::string{no_qso_text});
   commit_outputs(app, {input.out_name, input.log_name});
   const std::string work_file = input.out_dir + "in_name.000";  // of an earlier program
   if (!delete_if_file(work_file)) add_notice(app, kept_file_text(work_file));
   app.desk.hourglass(false);
-  app.main.lblShori.text = "処理終了";
-  app.main.lblShori.color = Color::blue;
+  app.state.display.progress = Progress::done;
   app.trace.line("正常終了");
 }
 
 /// The window's text box tells the notes too; the command line has its report.
 void append_notes(App& app) {
-  std::string& text = app.main.Text1.text;
-  for (const Note& note : app.state.notes.all())
+  std::string& text = app.state.display.text;
+  for (const Note& note : app.state.log.notes.all())
     text.append(text.empty() ? "" : "\r\n").append(note_text(note));
 }
 
 void show_boxes(App& app) {
   show_notices(app);
-  if (contains(app.state.contest.cont_id, "JIDX") && app.state.settings.jidx_no_disp_flag == 0)
-    show_jidx_notice(app);
+  if (is_of(app, ContestFamily::jidx) && app.state.settings.jidx_no_disp_flag == 0) show_jidx_notice(app);
   show_closing_notice(app);
 }
 
@@ -156,22 +166,19 @@ void kaishi_1(App& app) {
   const StartButtonOff while_running{app};
   begin_debug_log(app);
   app.desk.hourglass(true);
-  app.main.lblShori.text.clear();
-  save_options(app);
+  app.state.display.progress = Progress::none;
   write_current_settings(app);
   clear_text(app);
-  app.state.input.in_ext_upper = right(app.state.input.in_name, 3);
 
   write_log(app);
   run_options(app);
-  app.state.input.in_err_flag = 0;
   send_add(app);
-  if (app.main.Check1.checked) app.main.mnu_mc.enabled = true;
+  if (app.state.settings.pad_use_flag) app.main.mnu_mc.enabled = true;
   run_contest_steps(app);
   make_second_copy(app);
   const CheckResult check = check_Cabrillo_sub(app);
-  app.state.display.check_findings = check.findings;
-  app.state.display.finding_count = check.finding_count;
+  app.state.log.input.check_findings = check.findings;
+  app.state.log.input.finding_count = check.finding_count;
 
   end_run(app);
   append_notes(app);
@@ -180,7 +187,7 @@ void kaishi_1(App& app) {
 }
 
 void kaishi_Click(App& app) {
-  if (app.state.input.in_type != "cbr") return kaishi_1(app);
+  if (app.state.log.input.in_kind != InputKind::cabrillo) return kaishi_1(app);
   const StartButtonOff while_running{app};
   cbr_2_zlog_txt(app);
   append_notes(app);

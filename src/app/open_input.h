@@ -8,13 +8,13 @@
 
 namespace varnisto {
 
-/// Recognises the kind of `in_name`, derives every name, and runs the kind's preparation. A refused input
-/// shows why and sets `in_err_flag`. Throws Refusal for a log without QSOs, NotAvailable for kinds that are
-/// not built yet, RunTimeError for files.
+/// Recognises the kind of `in_name`, derives every name, and runs the kind's preparation. Throws Refusal for
+/// an input that cannot be used, NotAvailable for kinds that are not built yet, RunTimeError for files; the
+/// start button is off then.
 void FileOpen2(App& app);
 
-/// Takes a chosen path (empty after Cancel) as the new input: forgets contest and category of the previous
-/// one and runs FileOpen2().
+/// Takes a path as the new input, in place of the previous log with all that belonged to it, and runs
+/// FileOpen2().
 void open_chosen_file(App& app, const std::string& path);
 
 /// Asks for a file with this dialog title and filter; nothing after Cancel. Clears the text box.

@@ -1,24 +1,23 @@
 #include "app/reselect.h"
 
 #include "base/files.h"
-#include "cabrillo/contest.h"
 #include "cabrillo/summary.h"
+#include "core/contests.h"
 
 namespace varnisto {
 
 void cmdReSelect_Click(App& app) {
   app.trace.line("Private Sub cmdReSelect_Click()");
-  app.main.lblShori.text.clear();
-  ContestState& contest = app.state.contest;
-  contest.select_caller = "za2c_zsm";
+  app.state.display.progress = Progress::none;
+  ContestState& contest = app.state.log.contest;
   const bool chosen = show_select_cont(app);
   if (contest.contest_line.empty()) contest.contest_line = contest.contest_name;
-  if (chosen && app.state.input.in_err_flag == 0) app.main.kaishi.enabled = true;
+  if (chosen && app.state.log.input.opened) app.main.kaishi.enabled = true;
 }
 
 void cmdReSet_Click(App& app) {
   app.trace.line("Private Sub cmdReSet_Click()");
-  if (!is_cq_wpx(app.state.contest.cont_id))
+  if (family_of(app.state.log.contest.cont_id) != ContestFamily::cq_wpx)
     return message_box(app, {"CATEGORY-OVERLAY は CQ WPX コンテストだけです。", "", Icon::exclamation});
   if (!file_exists(app.state.program.app_dir + "OVERLAY.txt"))
     return message_box(app, {"OVERLAY.txt がありません。", "", Icon::exclamation});

@@ -7,8 +7,8 @@
 #include "base/text.h"
 #include "cabrillo/contest.h"
 #include "cabrillo/summary.h"
+#include "core/entry.h"
 #include "core/lists.h"
-#include "core/main_options.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "core/version.h"
@@ -47,20 +47,14 @@ void set_default_island(Settings& settings) {
 
 void find_settings(App& app) {
   ProgramState& program = app.state.program;
-  program.cfg_missing = 0;
-  program.cfg_loaded = program.ini_found = 0;
-  if (app.platform.profile.exists(program.ini_name)) {
-    program.ini_found = program.cfg_loaded = 1;
+  program.ini_found = app.platform.profile.exists(program.ini_name);
+  program.cfg_loaded = program.ini_found;
+  if (program.ini_found) {
     read_settings(app);
     settle_old_settings(app.state.settings, true);
-    return;
-  }
-  ++program.cfg_missing;
-  if (file_exists(legacy_path(app))) {
-    read_Varnisto_cfg(app);
-    program.cfg_loaded = 1;
-  } else {
-    ++program.cfg_missing;
+  } else if (file_exists(legacy_path(app))) {
+    read_Varnisto_cfg(app, app.state.settings);
+    program.cfg_loaded = true;
   }
 }
 
@@ -74,21 +68,19 @@ void block_until_settings(App& app, const std::string& prompt, std::string_view 
   show_prompt(app, prompt, Color::red);
   app.main.mnuOpen_file.enabled = false;
   app.main.mnu_edit.enabled = false;
-  app.state.program.ini_missing_flag = 1;
-  app.state.input.in_err_flag = 1;
+  app.state.program.ini_missing_flag = true;
   show_text(app, lines({"Varnisto.ini がまだ作成されていません", way}), Color::red);
 }
 
+/// The editor's box is ticked when there is an editor, whatever the file says.
 void load_editor_state(App& app) {
+  Settings& settings = app.state.settings;
   MainForm& main = app.main;
-  if (main.Check1.checked)
+  settings.pad_use_flag = !is_blank(settings.dir_pad);
+  if (settings.pad_use_flag)
     main.mnu_edit.enabled = main.mnu_contest_name.enabled = main.mnu_email_add.enabled = true;
   main.mnuDisp.enabled = app.platform.profile.exists(ini_path(app));
-  const bool has_editor = !is_blank(app.state.settings.dir_pad);
-  app.state.program.editor_on = has_editor ? 1 : 0;
-  main.Check1.checked = has_editor;
-  store_check_box(app, 1);
-  if (has_editor || !app.platform.profile.exists(ini_path(app))) return;
+  if (settings.pad_use_flag || !app.platform.profile.exists(ini_path(app))) return;
   write_settings(app);
   read_settings(app);
 }
@@ -96,25 +88,22 @@ void load_editor_state(App& app) {
 void check_settings(App& app) {
   constexpr std::string_view ini_way = "ﾒﾆｭｰの[  ｉｎｉ ]よりVarnisto.iniを作成して下さい";
   constexpr std::string_view cfg_way = "ﾒﾆｭｰの[ 環境 ]よりVarnisto.ini を作成して下さい";
-  const Settings& settings = app.state.settings;
-  const bool editor_ticked = app.main.Check1.checked;
+  Settings& settings = app.state.settings;
+  const bool editor_ticked = settings.pad_use_flag;
   if (app.platform.profile.exists(ini_path(app))) {
     read_settings(app);
-    settle_old_settings(app.state.settings, true);
-    restore_options(app);
-    app.main.Check1.checked = editor_ticked;
-    app.state.program.settings_incomplete = missing_settings(app).empty() ? 0 : 1;
-    if (settings.ini_version != program_version || app.state.program.settings_incomplete == 1)
+    settle_old_settings(settings, true);
+    if (settings.ini_version != program_version || !missing_settings(settings, editor_ticked).empty())
       block_until_settings(app, "旧 ini の為、環境 」より新 ini を作成必要", ini_way);
   } else if (file_exists(legacy_path(app))) {
-    read_Varnisto_cfg(app);
-    restore_options(app);
-    app.main.Check1.checked = editor_ticked;
+    read_Varnisto_cfg(app, settings);
     if (settings.ini_version != program_version)
       block_until_settings(app, "旧 ini の為、「環境 」より新 ini を作成して下さい", cfg_way);
   } else {
     block_until_settings(app, "「 環境 」より新 ｉｎｉ を作成して下さい", cfg_way);
   }
+  settings.pad_use_flag = editor_ticked;
+  restore_options(app);
 }
 
 bool there(const App& app, const std::string& path) {
@@ -124,21 +113,7 @@ bool there(const App& app, const std::string& path) {
 /// A window that loads again takes back what an earlier load blocked.
 void unblock(App& app) {
   app.main.mnuOpen_file.enabled = true;
-  if (app.state.program.ini_missing_flag == 1) app.state.input.in_err_flag = 0;
-  app.state.program.ini_missing_flag = 0;
-}
-
-void show_kept_summary(App& app) {
-  const DisplayState& display = app.state.display;
-  MainForm& main = app.main;
-  main.lblGet_zsm1.text = shorten_path(display.zsm_disp1, 40);
-  main.lblGet_zsm2.text = display.zsm_disp2;
-  main.lblGet_zsm3.text = display.zsm_disp3;
-  main.lblGet_zsm4.text = display.zsm_disp4;
-  if (display.zsm_disp_color != "0" && display.zsm_disp_color != "2" && display.zsm_disp_color != "9") return;
-  const auto color = static_cast<Color>(display.zsm_disp_color.front() - '0');
-  for (Label* label : {&main.lblGet_zsm1, &main.lblGet_zsm2, &main.lblGet_zsm3, &main.lblGet_zsm4})
-    label->color = color;
+  app.state.program.ini_missing_flag = false;
 }
 
 void count_run(App& app) {
@@ -150,28 +125,22 @@ void count_run(App& app) {
 
 }  // namespace
 
+void Disp_in_name(App& app) {
+  app.trace.line("Public Sub Disp_in_name()");
+  InputState& input = app.state.log.input;
+  split_path(app, input.in_name);
+  input.out_dir = input.in_dir;
+  show_prompt(app, shorten_path(input.in_name, 44), Color::black);
+}
+
 void show_input(App& app) {
-  const InputState& input = app.state.input;
-  if (app.state.program.cfg_missing != 0 && app.state.program.ini_found != 1)
+  const InputState& input = app.state.log.input;
+  if (!app.state.program.ini_found)
     show_prompt(app, "「 環境 」より新 ｉｎｉ を作成して下さい", Color::red);
-  else if (input.in_name.empty() || input.in_name.starts_with("ﾒﾆｭｰ"))
+  else if (input.in_name.empty())
     show_prompt(app, "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい", Color::black);
   else
     Disp_in_name(app);
-}
-
-void enable_outputs(App& app) {
-  const InputState& input = app.state.input;
-  MainForm& main = app.main;
-  main.mnuDisp2_out1.enabled = there(app, input.cbr_name);
-  main.mnuDisp2_out2.enabled = there(app, input.adi_name);
-  main.mnuDisp2_out3.enabled = there(app, input.log_name);
-  main.mnuDisp2_Qtc.enabled = there(app, input.qlg_name);
-  main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled =
-      there(app, input.cbr_name) || there(app, input.log_name);
-  main.mnuZsm.enabled = there(app, input.zsm_use_name) || there(app, input.zsm_name);
-  main.cmdRe_write_zlog_zsm.enabled =
-      there(app, input.zsm_use_name) && input.in_err_flag == 0 && input.in_type != "cbr";
 }
 
 void settle_old_settings(Settings& settings, bool from_ini) {
@@ -180,7 +149,7 @@ void settle_old_settings(Settings& settings, bool from_ini) {
   if (!from_ini) return;
   const double version = numeric_value(settings.ini_version);
   constexpr double with_reference = 0.93;  // earlier versions wrote only the island's name
-  if (version < with_reference) settings.iota_name_only = "1";
+  if (version < with_reference) settings.iota_name_only = true;
 }
 
 std::vector<std::string_view> required_files() {
@@ -202,32 +171,22 @@ void Main(App& app, const std::string& program_folder) {
 
 void Form_Load(App& app) {
   app.trace.line("Public Sub Form_Load()_Varnisto");
-  InputState& input = app.state.input;
+  InputState& input = app.state.log.input;
   MainForm& main = app.main;
   clear_text(app);
-  main.lblShori.text.clear();
+  app.state.display.progress = Progress::none;
   app.state.program.created_by = std::string{program_signature} + std::string{program_version};
-  main.caption = app.state.program.created_by;
-  main.Check1.checked = !is_blank(app.state.settings.dir_pad);
-  app.state.program.editor_on = main.Check1.checked ? 1 : 0;
-  main.cmdReSet.enabled = !is_blank(app.state.category.overlay_cat);
-  app.state.category.power_cat = "LOW";
-  if (!input.in_name_save.empty()) {
-    input.in_name = input.in_name_save;
-    Disp_in_name(app);
-  }
-  const bool is_cbr = input.in_type == "cbr";
+  main.cmdReSet.enabled = !is_blank(app.state.entry.overlay_cat);
+  if (!input.in_name_save.empty()) input.in_name = input.in_name_save;
+  const bool is_cbr = input.in_kind == InputKind::cabrillo;
   main.cmdReSelect.enabled = has_folder(input.in_name) && !is_cbr;
   unblock(app);
   show_input(app);
   load_editor_state(app);
   check_settings(app);
-  main.kaishi.enabled =
-      input.in_err_flag != 1 && there(app, input.in_name) && (is_cbr || !needs_selection(app));
-  enable_outputs(app);
-  show_kept_summary(app);
-  main.mnuDebug.caption = main.mnuDebug_mode.caption =
-      app.trace.debug_flag == 1 ? "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ ON" : "ﾃﾞﾊﾞｯｸﾞ・ﾓｰﾄﾞ OFF";
+  main.kaishi.enabled = !app.state.program.ini_missing_flag && input.opened && there(app, input.in_name) &&
+                        !needs_selection(app);
+  app.state.log.labels.zsm_disp1 = shorten_path(app.state.log.labels.zsm_disp1, 40);
   read_contest_name(app);
   read_email_add(app);
   read_category_assisted(app);
@@ -236,13 +195,9 @@ void Form_Load(App& app) {
 void owari_Click(App& app) {
   app.trace.line("Private Sub owari_Click()");
   app.tmp_dir.remove();
-  if (settings_current(app)) {
-    save_options(app);
-    write_current_settings(app);
-  }
+  write_current_settings(app);
   count_run(app);
-  if (app.state.program.cfg_loaded == 1 && app.platform.profile.exists(ini_path(app)))
-    write_settings_or_tell(app);
+  if (app.state.program.cfg_loaded && app.platform.profile.exists(ini_path(app))) write_settings_or_tell(app);
   app.trace.close();
 }
 

@@ -9,6 +9,8 @@
 #include "base/text_reader.h"
 #include "base/text_writer.h"
 #include "cabrillo/conversions.h"
+#include "core/bands.h"
+#include "core/modes.h"
 #include "core/version.h"
 
 namespace varnisto {
@@ -18,9 +20,8 @@ constexpr Columns col_frequency{6, 5}, col_mode{12, 2}, col_date{15, 10}, col_ti
     col_sent_rst{45, 3};
 
 std::string_view adif_mode(std::string_view mode2) {
-  if (mode2 == "PH") return "SSB";
-  if (mode2 == "RY") return "RTTY";
-  return mode2;
+  const auto mode = mode_of_cabrillo(mode2);
+  return mode ? names_of(*mode).adif : mode2;
 }
 
 void put_header(TextWriter& out) {
@@ -32,7 +33,7 @@ void put_header(TextWriter& out) {
 }
 
 AdifOptions adif_options(const App& app, const AdifLayout& layout) {
-  return {layout, std::string{trim(app.state.settings.eqslcom)}, app.state.settings.tenki_flag == "1"};
+  return {layout, std::string{trim(app.state.settings.eqslcom)}, app.state.settings.tenki_flag};
 }
 
 }  // namespace
@@ -100,7 +101,7 @@ void AdifRecords::make(const TextLine& line, std::string& out) {
 }
 
 void write_adif(App& app, const AdifLayout& layout) {
-  InputState& input = app.state.input;
+  InputState& input = app.state.log.input;
   const AdifOptions options = adif_options(app, layout);
   TextReader log = read_text(app, input.out_name);
   TextWriter out{app.outputs.create(input.adi_name)};
@@ -115,7 +116,6 @@ void write_adif(App& app, const AdifLayout& layout) {
   }
   out.close();
   input.outputs.push_back(input.adi_name);
-  app.main.mnuDisp2_out2.enabled = true;
 }
 
 void conv_eqsl(App& app) {

@@ -1,7 +1,7 @@
 #include "cabrillo/all_line.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 #include "base/short_text.h"
 
@@ -15,28 +15,21 @@ constexpr Columns col_mult1{55, 6}, col_mult2{61, 6}, col_after_points{80, 5};
 /// Nearly every line reaches behind the points.
 constexpr std::size_t full_width = all_columns::points.first + all_columns::points.width - 1;
 
-struct Code {
-  std::string_view text, code;
+/// The frequency of every name that a band column may hold, close together: each QSO asks for one.
+struct BandFrequency {
+  std::string_view megahertz, freq5;
 };
+constexpr auto band_frequencies = [] {
+  std::array<BandFrequency, band_count + 1> all{};
+  for (std::size_t i = 0; i < band_count; ++i)
+    all[i] = {names_of(band_at(i)).megahertz, names_of(band_at(i)).freq5};
+  all.back() = {names_of(Band::m10).second, names_of(Band::m10).freq5};  // "1.8" has no frequency
+  return all;
+}();
 
-constexpr Code mode_codes[] = {{"CW ", "CW"}, {"SSB", "PH"}, {"RY ", "RY"},
-                               {"RTY", "RY"}, {"RTT", "RY"}, {"FM ", "FM"}};
-
-constexpr Code band_frequencies[] = {{"1.9", " 1900"}, {"3.5", " 3500"}, {"7", " 7000"}, {"14", "14000"},
-                                     {"21", "21000"},  {"28", "28000"},  {"29", "28000"}};
-
-struct BandName {
-  std::string_view text;
-  std::size_t index;
-};
-
-constexpr BandName band_names[] = {{"1.9", 0}, {"1.8", 0}, {"3.5", 1}, {"7", 2},
-                                   {"14", 3},  {"21", 4},  {"28", 5},  {"29", 5}};
-
-template <std::size_t n>
-std::optional<std::string_view> find_code(const Code (&codes)[n], std::string_view text) {
-  const auto* hit = std::ranges::find(codes, text, &Code::text);
-  return hit == std::end(codes) ? std::nullopt : std::optional{hit->code};
+std::optional<std::string_view> frequency_of_band(std::string_view megahertz) {
+  const auto* hit = std::ranges::find(band_frequencies, megahertz, &BandFrequency::megahertz);
+  return hit == band_frequencies.end() ? std::nullopt : std::optional{hit->freq5};
 }
 
 template <class Line>
@@ -60,10 +53,9 @@ void parse_exchanges(const Line& line, std::string_view jidx_number, QsoRec& rec
 /// The columns of `full_width`.
 template <class Line>
 void parse_columns(const Line& line, const AllOptions& options, QsoRec& rec) {
-  const auto mode =
-      options.rtty ? std::optional<std::string_view>{"RY"} : mode_code(line.cut(all_columns::mode));
+  const auto mode = options.rtty ? std::optional{Mode::rtty} : mode_of_column(line.cut(all_columns::mode));
   rec.mode_kept = !mode;  // an unknown mode keeps the previous line's
-  if (mode) set_text(rec.mode2, *mode);
+  if (mode) set_text(rec.mode2, names_of(*mode).cabrillo);
   parse_time(line, rec);
   set_left_aligned<14>(rec.his_call14, line.cut(col_call));
   parse_exchanges(line, options.jidx_number, rec);
@@ -75,7 +67,7 @@ void parse_columns(const Line& line, const AllOptions& options, QsoRec& rec) {
 
 void parse_frequency(std::string_view text, const AllOptions& options, QsoRec& rec) {
   const auto memo = options.memo_frequency ? memo_frequency(text) : std::nullopt;
-  const auto frequency = memo ? memo : find_code(band_frequencies, rec.band_mhz);
+  const auto frequency = memo ? memo : frequency_of_band(rec.band_mhz);
   rec.band_kept = !frequency;  // an unknown band keeps the previous line's frequency
   if (memo) {
     rec.freq5.clear();
@@ -110,15 +102,6 @@ std::optional<std::string_view> memo_transmitter(std::string_view line) {
   const std::size_t at = line.find(marker);
   if (at == std::string_view::npos) return std::nullopt;
   return trim(left(line.substr(at + marker.size()), 1));
-}
-
-std::optional<std::string_view> mode_code(std::string_view column) {
-  return find_code(mode_codes, column);
-}
-
-std::optional<std::size_t> band_index(std::string_view band_mhz) {
-  const auto* hit = std::ranges::find(band_names, band_mhz, &BandName::text);
-  return hit == std::end(band_names) ? std::nullopt : std::optional{hit->index};
 }
 
 void parse_all_line(const TextLine& line, const AllOptions& options, QsoRec& rec) {

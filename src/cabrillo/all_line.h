@@ -44,10 +44,4 @@ std::optional<std::string_view> bracket_text(std::string_view line);
 /// The transmitter number after "TX#", trimmed to one character or none; nothing when the line has no "TX#".
 std::optional<std::string_view> memo_transmitter(std::string_view line);
 
-/// The Cabrillo mode of a mode column, three characters ("CW ", "SSB", ...); nothing for other texts.
-std::optional<std::string_view> mode_code(std::string_view column);
-
-/// Index (0..5) of the contest band that a band column names, "1.9" to "28" ("1.8" and "29" count too).
-std::optional<std::size_t> band_index(std::string_view band_mhz);
-
 }  // namespace varnisto

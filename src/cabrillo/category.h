@@ -1,7 +1,6 @@
 #pragma once
 // The entry category: from the user's choices and the log's own counts to the words of the Cabrillo header.
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,19 +27,17 @@ struct CategoryTexts {
 CategoryTexts category_texts(std::string_view code, const CategoryWords& words);
 
 /// JIDX category code: band code of `band` ("7", "40M ", "All Band", ...) and "L" for low power; "MOP" unless
-/// `operator_cat` is a single operator's.
-std::string jidx_category_code(std::string_view operator_cat, std::string_view band, std::string_view power);
+/// `operator_text` is a single operator's.
+std::string jidx_category_code(std::string_view operator_text, std::string_view band, std::string_view power);
 
-/// The CATEGORY-BAND value of `band_sel` (0..6) and the band word of the selection dialog.
-std::string_view cabrillo_band_of(std::int16_t band_sel);
-std::string_view band_word_of(std::int16_t band_sel);
+/// `operator_cat`: the operator text that stands behind the category texts. A ZLO log with the logger's
+/// summary has it as summaries do ("Single-op"), every other one in capitals.
+std::string_view operator_cat(const State& state);
 
-/// Operator text of an option (0..6) as summaries have it, e.g. "Single-op".
-std::string_view operator_text_of(int index);
-/// Index of the one band with QSOs; nothing when there are several or none.
-std::optional<std::size_t> only_band_worked(const TallyState& tally);
-/// The mode of the log by its mode counts: "CW", "PH", "RY", "FM", or "Mixed".
-std::string_view counted_mode(const TallyState& tally);
+/// The one band with QSOs; nothing when there are several or none.
+std::optional<Band> only_band_worked(const TallyState& tally);
+/// The mode of the log by its mode counts.
+Mode counted_mode(const TallyState& tally);
 /// Score, QSOs, points and multipliers as `score_detail` holds them, e.g. "123456 500-1200-103".
 std::string score_detail_of(const TallyState& tally);
 
@@ -48,7 +45,7 @@ std::string score_detail_of(const TallyState& tally);
 void apply_texts(App& app, const CategoryWords& words);
 
 /// What a JIDX contest code adds to the category: category code, contest code by mode, score text.
-void apply_jidx(App& app, std::string_view operator_cat, const CategoryWords& words);
+void apply_jidx(App& app, std::string_view operator_text, const CategoryWords& words);
 
 /// Every "--" becomes "-".
 std::string single_dashes(std::string_view text);

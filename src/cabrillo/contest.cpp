@@ -32,7 +32,7 @@ std::optional<std::string_view> find_code(const TitleCode (&codes)[n], std::stri
 
 /// The first record of the list whose title occurs in this one; null when there is none.
 const ContestName* find_listed(const App& app, std::string_view title) {
-  const auto& names = app.state.contest.contest_names;
+  const auto& names = app.state.lists.contest_names;
   const auto hit = std::ranges::find_if(names, [&](const auto& name) { return contains(title, name.title); });
   return hit == names.end() ? nullptr : &*hit;
 }
@@ -42,7 +42,7 @@ const ContestName* find_listed(const App& app, std::string_view title) {
 void read_contest_name(App& app) {
   app.trace.line("Public Sub read_contest_name()");
   read_contest_names(FieldReader{TextReader{app.state.program.app_dir + "contest_name.cfg"}},
-                     app.state.contest.contest_names);
+                     app.state.lists.contest_names);
 }
 
 void read_contest_names(FieldReader reader, std::vector<ContestName>& names) {
@@ -66,7 +66,7 @@ void read_contest_names(FieldReader reader, std::vector<ContestName>& names) {
 void get_contest_name(App& app) {
   app.trace.line("Public Sub get_contest_name()");
   read_contest_name(app);
-  std::string& cont_id = app.state.contest.cont_id;
+  std::string& cont_id = app.state.log.contest.cont_id;
   if (const ContestName* const listed = find_listed(app, cont_id)) cont_id = listed->code;
 }
 
@@ -85,26 +85,20 @@ std::optional<std::string_view> ccc_type_code(std::string_view type) {
   return find_code(ccc_codes, left(type, 5));
 }
 
-bool is_cq_wpx(std::string_view cont_id) {
-  return contains(cont_id, "CQ WPX") || contains(cont_id, "CQ-WPX") || contains(cont_id, "CQWPX");
-}
-
-std::string jidx_code(const CategoryState& category, std::string_view current) {
-  constexpr std::int16_t cw = 2;
-  if (category.mode_sel_cat != cw) return "JIDX";
-  if (category.lowband_flag == 1) return "JIDX-LF";
-  if (category.lowband_flag == 2) return "JIDX-HF";
-  return std::string{current};
+std::string jidx_code(const ScanState& scan, std::string_view current) {
+  if (scan.mode_sel != Mode::cw) return "JIDX";
+  if (!scan.lowband) return std::string{current};
+  return *scan.lowband ? "JIDX-LF" : "JIDX-HF";
 }
 
 void map_title_to_code(App& app) {
-  std::string& cont_id = app.state.contest.cont_id;
+  std::string& cont_id = app.state.log.contest.cont_id;
   const std::string title = cont_id;
   const auto code = title_code(title);
   if (!code)
     get_contest_name(app);
   else if (code == "JIDX" && title != "JIDX")
-    cont_id = jidx_code(app.state.category, title);
+    cont_id = jidx_code(app.state.log.scan, title);
   else
     cont_id = *code;
 }

@@ -33,12 +33,9 @@ std::string_view code_of_title(const App& app, std::string_view title);
 /// Code of a CCC contest type by its first five characters; nothing for an unknown one.
 std::optional<std::string_view> ccc_type_code(std::string_view type);
 
-/// True when this contest title or code is CQ WPX.
-bool is_cq_wpx(std::string_view cont_id);
-
 /// Code of a JIDX log: "JIDX", for a CW log "JIDX-LF" or "JIDX-HF" by its bands as scanned. `current` is what
 /// it is called so far, kept when the bands were not scanned.
-std::string jidx_code(const CategoryState& category, std::string_view current);
+std::string jidx_code(const ScanState& scan, std::string_view current);
 
 /// Makes `cont_id` the code of the title it holds: table, JIDX rule, then the list file.
 void map_title_to_code(App& app);

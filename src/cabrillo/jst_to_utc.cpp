@@ -111,7 +111,7 @@ std::string J2U_qtc(std::string_view date, std::string_view time) {
 
 void conv_J2U(App& app) {
   app.trace.line("Public Sub conv_J2U()_1");
-  const std::string& log_name = app.state.input.out_name;
+  const std::string& log_name = app.state.log.input.out_name;
   TextReader log = read_text(app, log_name);
   TextWriter out{app.outputs.create(log_name)};
   std::string utc_line;

@@ -3,8 +3,8 @@
 namespace varnisto {
 
 const std::string& qtc_source(const App& app) {
-  const InputState& input = app.state.input;
-  return input.in_kind == "zlog_zlo" ? input.z2a_name : input.in_name;
+  const InputState& input = app.state.log.input;
+  return input.in_kind == InputKind::zlog_zlo ? input.z2a_name : input.in_name;
 }
 
 bool has_logger_title(TextReader& log) {

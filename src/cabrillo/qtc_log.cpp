@@ -71,14 +71,14 @@ void put_titles(const App& app, TextWriter& out) {
   out.put(std::string(27, ' ') + "WORKED ALL EUROPE QTC LOG");
   out.put("");
   out.put(std::string{"  "}.append(trim(app.state.settings.mycall)) + "   DARC WORKED ALL EUROPE CONTEST   ");
-  out.put(app.state.category.cat_text + "     " + run_time(app));
+  out.put(app.state.log.category.cat_text + "     " + run_time(app));
   out.put("");
   out.put("GRP/NUM  TIME CALL");
 }
 
 void put_log(App& app, const std::string& records_path) {
   RecordReader<series_fields> records{records_path};
-  TextWriter out{app.outputs.create(app.state.input.qlg_name)};
+  TextWriter out{app.outputs.create(app.state.log.input.qlg_name)};
   put_titles(app, out);
   std::string line;
   while (records.next()) {
@@ -98,15 +98,14 @@ void get_qtc(App& app) {
   TextReader log = read_text(app, qtc_source(app));
   if (!has_logger_title(log)) return;
   const Scratch scratch{app.tmp_dir.path()};
-  collect(log, app.state.settings.jst_to_utc_flag == "1", scratch.collected);
+  collect(log, app.state.settings.jst_to_utc_flag, scratch.collected);
   app.trace.line("Public Sub get_qtc()_2_sort");
   sort_scratch(app, key_columns, scratch.collected, scratch.sorted);
   app.trace.line("Public Sub get_qtc()_3");
   drop_repeated(scratch.sorted, scratch.unique);
   app.trace.line("Public Sub get_qtc()_4");
   put_log(app, scratch.unique);
-  app.state.input.outputs.push_back(app.state.input.qlg_name);
-  app.main.mnuDisp2_Qtc.enabled = true;
+  app.state.log.input.outputs.push_back(app.state.log.input.qlg_name);
 }
 
 }  // namespace varnisto

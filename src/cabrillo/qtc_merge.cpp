@@ -114,7 +114,7 @@ class Collector {
   Collector(const App& app, const Scratch& scratch)
       : options_(all_options(app, true)),
         own_call_(app.state.settings.mycall14),
-        to_utc_(app.state.settings.jst_to_utc_flag == "1"),
+        to_utc_(app.state.settings.jst_to_utc_flag),
         qsos_(TextWriter::scratch(scratch.qsos)),
         memos_(TextWriter::scratch(scratch.memos)) {}
 
@@ -247,7 +247,7 @@ bool begins_body(std::string_view line) {
 
 /// Phase 7: the header of the log, then the merged body.
 void put_fresh_log(App& app, const Scratch& scratch) {
-  const std::string& log_name = app.state.input.out_name;
+  const std::string& log_name = app.state.log.input.out_name;
   TextReader log = read_text(app, log_name);
   TextReader body{scratch.body};
   TextWriter out{app.outputs.create(log_name)};
@@ -258,7 +258,7 @@ void put_fresh_log(App& app, const Scratch& scratch) {
 }
 
 void tell_incomplete(App& app, const Occurrences& incomplete) {
-  app.state.notes.set(NoteKind::qtc_unread, incomplete);
+  app.state.log.notes.set(NoteKind::qtc_unread, incomplete);
   if (incomplete.count == 0) return;
   const std::string count = std::to_string(incomplete.count);
   const std::string first = std::to_string(incomplete.first_line);
@@ -279,14 +279,14 @@ void put_qtc_line(const QtcLine& qtc, std::string& out) {
 
 void WAEDC_put(App& app) {
   app.trace.line("Public Sub WAEDC_put()_1");
-  InputState& input = app.state.input;
+  InputState& input = app.state.log.input;
   TextReader log = read_text(app, qtc_source(app));
   if (!has_logger_title(log)) return;
   const Scratch scratch{app.tmp_dir.path()};
   Collector collector{app, scratch};
   collector.run(log);
   app.trace.line("Public Sub WAEDC_put()_2");
-  complete_memos(scratch, app.state.settings.freq19_to_18_flag == "1");
+  complete_memos(scratch, app.state.settings.freq19_to_18_flag);
   TextWriter pairs = TextWriter::scratch(scratch.unsorted);
   app.trace.line("Public Sub WAEDC_put()_3");
   put_qso_pairs(scratch, pairs);
@@ -301,7 +301,7 @@ void WAEDC_put(App& app) {
   put_fresh_log(app, scratch);
   app.trace.line("Public Sub WAEDC_put()_8");
   input.qsos_written = collector.count();
-  collector.remarks().note(app.state.notes);
+  collector.remarks().note(app.state.log.notes);
   tell_incomplete(app, collector.incomplete());
 }
 

@@ -43,10 +43,9 @@ bool show_select_cont(App& app);
 /// True while contest and category of the open log are known from nowhere: no summary, no dialog.
 bool needs_selection(const App& app);
 
-/// Shows summary name, score, contest, call sign and category in the main window's four labels and keeps the
-/// texts.
+/// Takes summary name, score, contest, call sign and category as the texts of the main window's four labels.
 void show_summary(App& app);
 /// "県No " and the first two characters of the prefecture number, for the power label in JIDX.
-std::string jidx_power_label(const App& app);
+std::string jidx_power_label(const Settings& settings);
 
 }  // namespace varnisto

@@ -15,10 +15,8 @@ constexpr Columns col_rcvd_rst{70, 3}, col_rcvd_exch{74, 6};
 constexpr std::size_t call_width = 11;
 
 std::string_view mode_text(std::string_view mode2) {
-  if (mode2 == "PH") return "SSB";
-  if (mode2 == "CW") return "CW ";
-  if (mode2 == "RY") return "RTY";
-  return mode2;
+  const auto mode = mode_of_cabrillo(mode2);
+  return mode && mode != Mode::fm ? names_of(*mode).column : mode2;
 }
 
 void append_report(std::string& out, std::string_view report) {
@@ -62,8 +60,8 @@ void append_zlog_text_line(std::string_view qso_line, std::string& out) {
 
 void cbr_2_zlog_txt(App& app) {
   app.trace.line("Public Sub cbr_2_zlog_txt()");
-  app.main.lblShori.text.clear();
-  InputState& input = app.state.input;
+  app.state.display.progress = Progress::none;
+  InputState& input = app.state.log.input;
   TextReader log{input.in_name};
   TextWriter out{app.outputs.create(input.out_name)};
   out.put(zlog_text_titles);
@@ -76,13 +74,12 @@ void cbr_2_zlog_txt(App& app) {
     out.put(text);
     add_checked(input.qsos_written, 1, "qsos_written");
   }
-  note_after_end(app.state.notes, log);
+  note_after_end(app.state.log.notes, log);
   if (input.qsos_written == 0) throw Refusal(std::string{no_qso_text});
   out.close();
   commit_outputs(app, {input.out_name});
   input.outputs.push_back(input.out_name);
-  app.main.lblShori.text = "処理終了";
-  app.main.lblShori.color = Color::blue;
+  app.state.display.progress = Progress::done;
 }
 
 }  // namespace varnisto

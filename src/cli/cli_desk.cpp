@@ -34,7 +34,7 @@ void CliDesk::show(FormName form) {
     case FormName::frmOVERLAY:
       // With --reselect the summary's question is asked again behind the selection dialog: that one gets the
       // answer.
-      if (options_.answers.reselect && !app_->state.category.dialog_shown) return;
+      if (options_.answers.reselect && !app_->state.entry.dialog_shown) return;
       overlay_asked_ = true;
       return answer_overlay(*app_, options_.answers);
     case FormName::frmDisp2:

@@ -10,21 +10,21 @@
 #include "cli/dialog_answers.h"
 #include "cli/report.h"
 #include "cli/session.h"
-#include "core/main_options.h"
+#include "core/entry.h"
 
 namespace varnisto {
 namespace {
 
 /// Operator and power of the command line act like clicks on the main window.
 void click_options(App& app, const DialogAnswers& answers) {
-  if (answers.op) Option3_Click(app, *answers.op);
-  if (answers.power) Option1_Click(app, *answers.power);
+  if (answers.op) choose_operator(app, choice_at<Operator>(*answers.op));
+  if (answers.power) choose_power(app, choice_at<Power>(*answers.power));
 }
 
 /// Options that answer a dialog that was not shown for this log.
 void notice_unasked(Session& session, const DialogAnswers& answers) {
   std::vector<std::string> unasked;
-  if (!session.app.state.category.dialog_shown) unasked = dialog_options_given(answers);
+  if (!session.app.state.entry.dialog_shown) unasked = dialog_options_given(answers);
   if (!session.desk.overlay_asked() && !answers.overlay.empty()) unasked.emplace_back("--overlay");
   for (const std::string& option : unasked)
     session.desk.notice(option + ": not asked for this log; see --reselect");
@@ -34,9 +34,8 @@ void notice_unasked(Session& session, const DialogAnswers& answers) {
 void open_and_convert(Session& session, const DialogAnswers& answers, const std::string& path) {
   App& app = session.app;
   open_chosen_file(app, absolute_path(path));
-  if (app.state.input.in_err_flag == 1) return;
-  if (answers.reselect && !app.state.category.dialog_shown) cmdReSelect_Click(app);
-  if (!app.state.category.dialog_shown) click_options(app, answers);
+  if (answers.reselect && !app.state.entry.dialog_shown) cmdReSelect_Click(app);
+  if (!app.state.entry.dialog_shown) click_options(app, answers);
   notice_unasked(session, answers);
   kaishi_Click(app);
 }
@@ -72,7 +71,7 @@ int convert_log(const CliOptions& options, const std::string& program_folder, co
   Session session{options, program_folder, err};
   App& app = session.app;
   auto [status, result] = session.start();
-  app.state.input.in_name = absolute_path(path);
+  app.state.log.input.in_name = absolute_path(path);
   if (status == exit_ok) {
     bool wrong_answer = false;
     result = run_action(app, [&] {
@@ -83,8 +82,6 @@ int convert_log(const CliOptions& options, const std::string& program_folder, co
         throw;
       }
     });
-    if (result.kind == ActionResult::done && app.state.input.in_err_flag == 1)
-      result = {ActionResult::refused, 0, app.main.Text1.text};
     status = wrong_answer ? exit_usage : status_of(result);
   }
   put_result(options, session, result, out);

@@ -24,21 +24,21 @@ void choose_entry(ListBox& list, const std::string& name, const std::string& opt
 /// A group of the dialog and the answer that selects in it.
 struct GroupAnswer {
   const char* control;
-  OptionGroup SelectCont::*group;
+  OptionGroup select_cont::*group;
   std::optional<int> DialogAnswers::*answer;
 };
 // The operator comes before transmitter and station: it moves them.
 constexpr GroupAnswer group_answers[] = {
-    {"Option1", &SelectCont::Option1, &DialogAnswers::power},
-    {"Option3", &SelectCont::Option3, &DialogAnswers::op},
-    {"Option2", &SelectCont::Option2, &DialogAnswers::mode},
-    {"Option4", &SelectCont::Option4, &DialogAnswers::band},
-    {"Option5", &SelectCont::Option5, &DialogAnswers::iota_class},
-    {"Option6", &SelectCont::Option6, &DialogAnswers::transmitter},
-    {"Option7", &SelectCont::Option7, &DialogAnswers::station},
+    {"Option1", &select_cont::Option1, &DialogAnswers::power},
+    {"Option3", &select_cont::Option3, &DialogAnswers::op},
+    {"Option2", &select_cont::Option2, &DialogAnswers::mode},
+    {"Option4", &select_cont::Option4, &DialogAnswers::band},
+    {"Option5", &select_cont::Option5, &DialogAnswers::iota_class},
+    {"Option6", &select_cont::Option6, &DialogAnswers::transmitter},
+    {"Option7", &select_cont::Option7, &DialogAnswers::station},
 };
 
-void choose_precedence(SelectCont& form, bool prefer, std::vector<std::string>& notices) {
+void choose_precedence(select_cont& form, bool prefer, std::vector<std::string>& notices) {
   if (!form.Check1.enabled) {
     if (prefer) notices.emplace_back("--prefer: there is no summary of the logger to win over");
     return;
@@ -56,7 +56,8 @@ struct GivenOption {
 
 std::vector<std::string> answer_select_cont(App& app, const DialogAnswers& answers) {
   std::vector<std::string> notices;
-  SelectCont form{app};
+  select_cont form{app};
+  form.Form_Load();
   if (!answers.contest.empty()) {
     choose_entry(form.List1, answers.contest, "--contest");
     form.click("List1", form.List1.selected);
@@ -73,14 +74,15 @@ std::vector<std::string> answer_select_cont(App& app, const DialogAnswers& answe
     form.click(row.control, *answer);
   }
   if (answers.prefer) choose_precedence(form, *answers.prefer, notices);
-  if (form.List1.selected < 0 && is_blank(app.state.contest.contest_name))
+  if (form.List1.selected < 0 && is_blank(app.state.log.contest.contest_name))
     throw Refusal("ｺﾝﾃｽﾄ名が分かりません。 --contest NAME で指定して下さい。");
   form.click("cmdOK");
   return notices;
 }
 
 void answer_overlay(App& app, const DialogAnswers& answers) {
-  FrmOverlay form{app};
+  frmOVERLAY form{app};
+  form.Form_Load();
   constexpr int claim = 1;
   if (!answers.overlay.empty()) {
     form.Option1.selected = claim;

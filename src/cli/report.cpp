@@ -47,6 +47,18 @@ Json cabrillo_values(const App& app) {
   return lines.values;
 }
 
+/// Where the log's summary comes from, e.g. "zlog_all_zsm1": 1 the logger, 0 the program.
+std::string zsm_kind(const InputState& input) {
+  const std::string_view kind = names_of(input.in_kind).name;
+  return kind.empty() ? "" : std::string{kind}.append(input.has_zsm ? "_zsm1" : "_zsm0");
+}
+
+std::string kind_text(const LogState& log) {
+  std::string text{names_of(log.input.in_kind).name};
+  return text.append(" (").append(zsm_kind(log.input)).append(", ").append(name_of(log.contest.select_from)) +
+         ")";
+}
+
 Json error_value(const ActionResult& result) {
   if (result.kind == ActionResult::done) return nullptr;
   return {{"number", result.number}, {"text", escape_bytes(result.text)}};
@@ -65,27 +77,25 @@ Json note_values(const Notes& notes) {
 }  // namespace
 
 void put_report(const App& app, const ActionResult& result, std::ostream& out) {
-  const InputState& input = app.state.input;
+  const InputState& input = app.state.log.input;
   out << input.in_name << "\n";
   if (result.kind != ActionResult::done) {
     put_field(out, "refused", replace_all(result.text, "\r\n", " "));
     return;
   }
-  const bool is_log = !input.in_kind.empty();  // else a Cabrillo file, which tells no more of itself
-  put_field(out, "kind",
-            is_log ? input.in_kind + " (" + input.zsm_kind + ", " + app.state.contest.select_from + ")"
-                   : input.in_type);
-  put_field(out, "contest", app.state.contest.contest);
+  const bool is_log = input.in_kind != InputKind::cabrillo;  // such a file tells no more of itself
+  put_field(out, "kind", is_log ? kind_text(app.state.log) : "cbr");
+  put_field(out, "contest", app.state.log.contest.contest);
   put_field(out, "call sign", app.state.settings.mycall);
-  put_field(out, "category", app.state.category.cat_summary);
-  if (is_log) put_field(out, "score", std::to_string(app.state.tally.total_score));
+  put_field(out, "category", app.state.log.category.cat_summary);
+  if (is_log) put_field(out, "score", std::to_string(app.state.log.tally.total_score));
   put_field(out, "QSOs", std::to_string(input.qsos_written));
   for (const std::string& path : input.outputs) put_field(out, "written", path);
-  for (const std::string& finding : app.state.display.check_findings) put_field(out, "finding", finding);
-  const std::int64_t more =
-      app.state.display.finding_count - static_cast<std::int64_t>(app.state.display.check_findings.size());
+  for (const std::string& finding : app.state.log.input.check_findings) put_field(out, "finding", finding);
+  const std::int64_t more = app.state.log.input.finding_count -
+                            static_cast<std::int64_t>(app.state.log.input.check_findings.size());
   if (more > 0) put_field(out, "finding", "... " + std::to_string(more) + " more");
-  for (const Note& note : app.state.notes.all()) put_field(out, "note", note_text(note));
+  for (const Note& note : app.state.log.notes.all()) put_field(out, "note", note_text(note));
 }
 
 void put_json_report(const App& app, const ActionResult& result, const std::vector<std::string>& messages,
@@ -93,23 +103,24 @@ void put_json_report(const App& app, const ActionResult& result, const std::vect
   const State& state = app.state;
   const bool done = result.kind == ActionResult::done;
   const Json report = {
-      {"input", escape_bytes(state.input.in_name)},
-      {"in_kind", state.input.in_kind},
-      {"zsm_kind", state.input.zsm_kind},
-      {"select_from", state.contest.select_from},
-      {"contest", escape_bytes(state.contest.contest)},
-      {"cont_id", escape_bytes(state.contest.cont_id)},
+      {"input", escape_bytes(state.log.input.in_name)},
+      {"in_kind", names_of(state.log.input.in_kind).name},
+      {"zsm_kind", zsm_kind(state.log.input)},
+      {"select_from", name_of(state.log.contest.select_from)},
+      {"contest", escape_bytes(state.log.contest.contest)},
+      {"cont_id", escape_bytes(state.log.contest.cont_id)},
       {"callsign", escape_bytes(trim(state.settings.mycall))},
-      {"category", escape_bytes(state.category.cat_summary)},
+      {"category", escape_bytes(state.log.category.cat_summary)},
       {"cabrillo", cabrillo_values(app)},
-      {"score", state.tally.total_score},
-      {"qsos", state.input.qsos_written},
-      {"outputs", done ? json_texts(state.input.outputs) : Json::array()},
-      {"findings", json_texts(state.display.check_findings)},
-      {"finding_count", state.display.finding_count},
-      {"notes", note_values(state.notes)},
+      {"score", state.log.tally.total_score},
+      {"qsos", state.log.input.qsos_written},
+      {"outputs", done ? json_texts(state.log.input.outputs) : Json::array()},
+      {"findings", json_texts(state.log.input.check_findings)},
+      {"finding_count", state.log.input.finding_count},
+      {"notes", note_values(state.log.notes)},
       {"mail",
-       {{"to", escape_bytes(state.mail.send_to_add)}, {"subject", escape_bytes(state.mail.mail_subject)}}},
+       {{"to", escape_bytes(state.log.mail.send_to_add)},
+        {"subject", escape_bytes(state.log.mail.mail_subject)}}},
       {"messages", json_texts(messages)},
       {"ok", done},
       {"error", error_value(result)},

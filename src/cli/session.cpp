@@ -29,7 +29,7 @@ void Session::lay_settings_over() {
     found_version_ = file_profile.get(path, ini_section, "version");
   } else {
     if (file_exists(legacy_path(app))) {
-      read_Varnisto_cfg(app);
+      read_Varnisto_cfg(app, app.state.settings);
       found_version_ = app.state.settings.ini_version;
     }
     write_settings(app);  // into the overlay
@@ -57,7 +57,7 @@ StartResult Session::check_settings() {
         program_folder_ + "Varnisto.ini: version \"" + version + "\", expected \"" +
         std::string{program_version} +
         "\"; \"varnisto-cli settings KEY=VALUE\" or the settings window brings it up to date");
-  const auto missing = missing_settings(app);
+  const auto missing = missing_settings(app.state.settings, false);
   if (missing.empty()) return {};
   std::string text = program_folder_ + "Varnisto.ini: settings incomplete, missing:";
   for (const std::string& key : missing) text += " " + key;
@@ -76,8 +76,8 @@ StartResult Session::start() {
   const ActionResult loaded = run_action(app, [this] { Form_Load(app); });
   if (loaded.kind == ActionResult::list_file) return {exit_list_file, loaded};
   if (loaded.kind != ActionResult::done) return {exit_failed, loaded};
-  if (app.state.input.in_err_flag == 1)
-    return {exit_settings, {ActionResult::refused, 0, app.main.Text1.text}};
+  if (app.state.program.ini_missing_flag)
+    return {exit_settings, {ActionResult::refused, 0, app.state.display.text}};
   return {};
 }
 

@@ -18,7 +18,7 @@ void read_either(Session& session) {
   if (has_ini)
     read_settings(app);
   else if (file_exists(legacy_path(app)))
-    read_Varnisto_cfg(app);
+    read_Varnisto_cfg(app, app.state.settings);
   settle_old_settings(app.state.settings, has_ini);
 }
 

@@ -7,14 +7,13 @@
 namespace varnisto {
 
 void show_text(App& app, const std::string& text, Color color) {
-  app.main.Text1.text = text;
-  app.main.Text1.color = color;
+  app.state.display.text = text;
+  app.state.display.text_color = color;
   app.desk.text_shown(text, color);
 }
 
 void message_box(App& app, const MessageBox& box) {
-  app.state.display.msg_text = box.text;
-  app.state.display.msg_ret = app.desk.message_box(box);
+  app.desk.message_box(box);
 }
 
 void add_notice(App& app, const std::string& text) {

@@ -49,7 +49,7 @@ inline void clear_text(App& app) {
   show_text(app, "", Color::black);
 }
 
-/// Shows a message box and keeps its text and answer in the state.
+/// Shows a message box.
 void message_box(App& app, const MessageBox& box);
 
 /// Keeps what the user must be told although the action goes on; show_notices() shows it.

@@ -45,13 +45,14 @@ struct OptionGroup : Control {
   std::vector<OptionButton> options;
   int selected = -1;
 
-  /// Draws the selected option in blue and the others in black.
+  /// Selects an option and draws it in blue, the others in black.
+  void select(int index) {
+    selected = index;
+    color_selected();
+  }
   void color_selected() {
     for (std::size_t i = 0; i < options.size(); ++i)
       options[i].color = static_cast<int>(i) == selected ? Color::blue : Color::black;
-  }
-  void color_all(Color color) {
-    for (OptionButton& option : options) option.color = color;
   }
 };
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/checked_int.h"
+#include "base/files.h"
 #include "base/text.h"
-#include "core/paths.h"
 
 namespace varnisto {
 namespace {
@@ -31,8 +31,8 @@ std::string next_of_record(FieldReader& reader) {
 void read_email_add(App& app) {
   app.trace.line("Public Sub read_email_add()");
   const std::string path = app.state.program.app_dir + "e_mail_add.cfg";
-  count_lines(app, path);
-  read_mail_addresses(FieldReader{TextReader{path}}, app.state.display.line_count, app.state.lists.mail_adds);
+  const std::int32_t line_count = line_breaks_plus_one(path);
+  read_mail_addresses(FieldReader{TextReader{path}}, line_count, app.state.lists.mail_adds);
 }
 
 void read_mail_addresses(FieldReader reader, std::int32_t line_count, std::vector<MailAddress>& records) {
@@ -65,17 +65,17 @@ void read_assisted_contests(TextReader reader, std::vector<AssistedContest>& con
     const std::size_t comma = line.find(',');
     if (comma == std::string_view::npos) throw ListFileError(RunTimeError::past_end, reader.place());
     const std::string_view flag = line.substr(comma + 1);  // what follows a second comma is a note
-    contests.push_back(
-        {std::string{line.substr(0, comma)}, flag_value(flag.substr(0, flag.find(',')), reader.place())});
+    contests.push_back({std::string{line.substr(0, comma)},
+                        flag_value(flag.substr(0, flag.find(',')), reader.place()) == 1});
   }
 }
 
-std::int16_t assisted_flag(const App& app) {
+bool assisted_flag(const App& app) {
   const auto& contests = app.state.lists.assisted_conts;
-  const std::string_view contest = trim(app.state.contest.contest);
+  const std::string_view contest = trim(app.state.log.contest.contest);
   const auto hit =
       std::ranges::find_if(contests, [&](const auto& listed) { return trim(listed.contest) == contest; });
-  return hit == contests.end() ? std::int16_t{1} : hit->flag;
+  return hit == contests.end() || hit->flag;
 }
 
 }  // namespace varnisto

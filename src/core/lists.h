@@ -34,8 +34,8 @@ const MailAddress* find_mail_address(const App& app, std::string_view contest);
 void read_category_assisted(App& app);
 /// The same from an open file; the entries before an error stay in `contests`.
 void read_assisted_contests(TextReader reader, std::vector<AssistedContest>& contests);
-/// 1 when the header of the current contest gets a CATEGORY-ASSISTED line; 1 too for a contest that is not
-/// listed.
-std::int16_t assisted_flag(const App& app);
+/// True when the header of the current contest gets a CATEGORY-ASSISTED line; so it does in a contest that is
+/// not listed.
+bool assisted_flag(const App& app);
 
 }  // namespace varnisto

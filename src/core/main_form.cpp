@@ -77,7 +77,6 @@ MainForm::MainForm() {
   zsm_Disp_zz2c.caption = "確認 ( *_zz2c．zsm)";
   zsm_Disp_ct2c.caption = "確認 ( *_ct2c．zsm)";
   zsm_Disp_cb2c.caption = "確認 ( *_cb2c．zsm)";
-  mnu_mc.caption = "＊．ｃｂｒ ， ＊．log";
   mnu_contest_name.caption = "contest_name.cfg";
   mnu_email_add.caption = "e_mail_add.cfg";
   mnuVer.caption = "バージョン";

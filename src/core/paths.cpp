@@ -2,7 +2,6 @@
 
 #include "base/cp932.h"
 #include "base/files.h"
-#include "base/run_time_error.h"
 #include "base/text.h"
 
 namespace varnisto {
@@ -11,10 +10,6 @@ namespace {
 /// Length of a text in bytes of code page 932.
 std::size_t cp932_size(std::string_view text) {
   return to_cp932(text, Unmappable::question_mark).size();
-}
-
-bool is_existing_path(const App& app, const std::string& path) {
-  return has_folder(path) && app.outputs.exists(path);
 }
 
 }  // namespace
@@ -75,52 +70,22 @@ std::string call_for_names(const App& app) {
 
 void split_path(App& app, const std::string& path) {
   const PathPieces pieces = pieces_of(path);
-  InputState& input = app.state.input;
-  input.in_file_name = pieces.file_name;
+  InputState& input = app.state.log.input;
   input.in_ext = pieces.ext;
   input.in_dir = pieces.dir;
   input.in_stem = pieces.stem;
 }
 
-void Disp_in_name(App& app) {
-  app.trace.line("Public Sub Disp_in_name()");
-  InputState& input = app.state.input;
-  input.in_name_disp = shorten_path(input.in_name, 44);
-  split_path(app, input.in_name);
-  input.out_dir = input.in_dir;
-  app.main.lblIn.text = input.in_name_disp;
-  app.main.lblIn.color = Color::black;
-}
-
-void count_lines(App& app, const std::string& path) {
-  app.state.display.line_count = line_breaks_plus_one(path);
-}
-
-void zsm_disp_chk(App& app) {
-  app.trace.line("Public Sub zsm_disp_chk()");
-  InputState& input = app.state.input;
-  const auto generated = [&](std::string_view suffix) {
-    return replace_in_name(input.zsm_name, ".zsm", suffix);
-  };
-  input.za2c_name = generated("_za2c.zsm");
-  input.zz2c_name = generated("_zz2c.zsm");
-  input.ct2c_name = generated("_ct2c.zsm");
-  input.cb2c_name = generated("_cb2c.zsm");
-  MainForm& main = app.main;
-  main.zsm_Disp_zsm.enabled = is_existing_path(app, input.zsm_name);
-  main.zsm_Disp_za2c.enabled = is_existing_path(app, input.za2c_name);
-  main.zsm_Disp_zz2c.enabled = is_existing_path(app, input.zz2c_name);
-  main.zsm_Disp_ct2c.enabled = is_existing_path(app, input.ct2c_name);
-  main.zsm_Disp_cb2c.enabled = is_existing_path(app, input.cb2c_name);
+std::string generated_summary(const InputState& input, InputKind kind) {
+  return replace_in_name(input.zsm_name, ".zsm", names_of(kind).zsm_suffix);
 }
 
 void zero_clear(App& app) {
   app.trace.line("Public Sub zero_clear()");
-  TallyState& tally = app.state.tally;
+  TallyState& tally = app.state.log.tally;
   const TallyState kept = tally;
   tally = TallyState{};
   tally.total_score = kept.total_score;
-  tally.total_score_text = kept.total_score_text;
   tally.score_detail = kept.score_detail;
 }
 

@@ -39,14 +39,10 @@ std::string name_text(std::string_view text);
 /// Own call sign as file names carry it: name_text() of it, trimmed.
 std::string call_for_names(const App& app);
 
-/// Sets `in_file_name`, `in_ext`, `in_dir`, `in_stem` from a path.
+/// Sets `in_ext`, `in_dir`, `in_stem` from a path.
 void split_path(App& app, const std::string& path);
-/// Shortens `in_name` for display, splits it, and makes its folder the output folder.
-void Disp_in_name(App& app);
-/// Sets `line_count`: the file's line breaks plus one. Throws RunTimeError.
-void count_lines(App& app, const std::string& path);
-/// Derives the names of the generated summaries and enables the menu entry of each summary that exists.
-void zsm_disp_chk(App& app);
+/// Name of the summary that the program makes for a log of this kind, from `zsm_name`.
+std::string generated_summary(const InputState& input, InputKind kind);
 /// Clears the tallies of a log; `total_score` stays.
 void zero_clear(App& app);
 

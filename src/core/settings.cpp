@@ -1,5 +1,6 @@
 #include "core/settings.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/checked_int.h"
@@ -13,7 +14,6 @@ namespace {
 using S = Settings;
 
 constexpr std::string_view key_version = "version";
-constexpr std::string_view key_jidx_no_disp = "JIDX_no_Disp_flag";
 
 constexpr SettingKey keys[] = {
     {key_version},
@@ -47,7 +47,7 @@ constexpr SettingKey keys[] = {
     {"for_eQSL_flag", &S::for_eqsl_flag},
     {"tenki_flag", &S::tenki_flag},
     {"e_mail_subject_flag", &S::e_mail_subject_flag},
-    {key_jidx_no_disp},
+    {"JIDX_no_Disp_flag", &S::jidx_no_disp_flag},
     {"power_sel", &S::power_sel, true},
     {"operator_sel", &S::operator_sel, true},
     {"op_iota_island", &S::op_iota_island, true},
@@ -59,7 +59,7 @@ constexpr SettingKey keys[] = {
 
 struct LegacyLabel {
   std::string_view label;
-  std::string Settings::*member;
+  SettingMember member;
 };
 
 // "freq19_to_18flag:" lacks the underscore that the INI key has: files out there are spelt so.
@@ -71,7 +71,6 @@ constexpr LegacyLabel legacy_labels[] = {
     {"ADDRESS1:", &S::address1},
     {"ADDRESS2:", &S::address2},
     {"ADDRESS3:", &S::address3},
-    {"SOAPBOX:", &S::soapbox},
     {"eQSLcom:", &S::eqslcom},
     {"JIDX_No:", &S::jidx_no},
     {"Set_in_dir:", &S::set_in_dir},
@@ -89,12 +88,62 @@ constexpr LegacyLabel legacy_labels[] = {
     {"for_eQSL_flag:", &S::for_eqsl_flag},
     {"tenki_flag:", &S::tenki_flag},
     {"e_mail_subject_flag:", &S::e_mail_subject_flag},
+    {"JIDX_no_Disp_flag:", &S::jidx_no_disp_flag},
 };
-constexpr std::string_view legacy_jidx_no_disp = "JIDX_no_Disp_flag:";
 constexpr std::string_view legacy_version = "ver";
 
 std::int16_t whole_number(std::string_view text, const std::string& where) {
   return to_i16(round_half_even(numeric_value(text)), where);
+}
+
+Precedence precedence_of(std::string_view text) {
+  if (text.empty()) return Precedence::unset;
+  return text == "1" ? Precedence::dialog : Precedence::summary;
+}
+
+std::string_view text_of(Precedence precedence) {
+  switch (precedence) {
+    case Precedence::unset:
+      return "";
+    case Precedence::summary:
+      return "0";
+    case Precedence::dialog:
+      return "1";
+  }
+  return "";
+}
+
+/// Puts a value into its member as a file or the user wrote it; `where` names it in an error.
+struct Taker {
+  Settings& settings;
+  const std::string& text;
+  std::string_view where;
+
+  void operator()(std::monostate) const { settings.ini_version = text; }
+  void operator()(std::string S::*member) const { settings.*member = text; }
+  void operator()(bool S::*member) const { settings.*member = trim(text) == "1"; }
+  void operator()(std::int16_t S::*member) const {
+    settings.*member = whole_number(text, std::string{where});
+  }
+  void operator()(Precedence S::*member) const { settings.*member = precedence_of(trim(text)); }
+};
+
+/// The text that is written for a member.
+struct Written {
+  const Settings& settings;
+  bool as_held;
+
+  std::string operator()(std::monostate) const { return std::string{program_version}; }
+  std::string operator()(std::string S::*member) const {
+    return as_held ? settings.*member : std::string{trim(settings.*member)};
+  }
+  std::string operator()(bool S::*member) const { return settings.*member ? "1" : "0"; }
+  std::string operator()(std::int16_t S::*member) const { return std::to_string(settings.*member); }
+  std::string operator()(Precedence S::*member) const { return std::string{text_of(settings.*member)}; }
+};
+
+void take(Settings& settings, const SettingMember& member, const std::string& text, std::string_view where) {
+  std::visit(Taker{settings, text, where}, member);
 }
 
 /// Takes what one line of the legacy file says; a line may hold several labels.
@@ -102,10 +151,8 @@ void read_legacy_line(Settings& settings, std::string_view line) {
   if (const std::size_t at = line.find(legacy_version); at != std::string_view::npos)
     settings.ini_version = trim(left(line.substr(at + legacy_version.size()), 10));
   for (const LegacyLabel& legacy : legacy_labels)
-    if (contains(line, legacy.label)) settings.*legacy.member = trim(remove_all(line, legacy.label));
-  if (contains(line, legacy_jidx_no_disp))
-    settings.jidx_no_disp_flag =
-        whole_number(remove_all(line, legacy_jidx_no_disp), std::string{legacy_jidx_no_disp});
+    if (contains(line, legacy.label))
+      take(settings, legacy.member, std::string{trim(remove_all(line, legacy.label))}, legacy.label);
   settings.mycall14 = pad_right(trim(settings.mycall), 14);
 }
 
@@ -116,19 +163,13 @@ std::span<const SettingKey> setting_keys() {
 }
 
 std::string setting_value(const Settings& settings, const SettingKey& key) {
-  if (key.key == key_version) return std::string{program_version};
-  if (key.key == key_jidx_no_disp) return std::to_string(settings.jidx_no_disp_flag);
-  const std::string& value = settings.*key.member;
-  return key.as_held ? value : std::string{trim(value)};
+  return std::visit(Written{settings, key.as_held}, key.member);
 }
 
 bool set_setting(Settings& settings, std::string_view key, const std::string& value) {
   for (const SettingKey& known : keys) {
     if (!equal_ignoring_case(known.key, key) || known.key == key_version) continue;
-    if (known.member)
-      settings.*known.member = value;
-    else
-      settings.jidx_no_disp_flag = whole_number(value, std::string{key});
+    take(settings, known.member, value, key);
     settings.mycall14 = pad_right(trim(settings.mycall), 14);
     return true;
   }
@@ -189,49 +230,21 @@ void read_settings(App& app) {
   app.trace.line("Public Sub read_settings()");
   Settings& settings = app.state.settings;
   const std::string path = ini_path(app);
-  const auto value_of = [&](std::string_view section, std::string_view key) {
-    return std::string{left(app.platform.profile.get(path, section, key), longest_setting)};
-  };
   for (const SettingKey& key : keys) {
-    const std::string value = value_of(key.section, key.key);
-    if (key.key == key_version)
-      settings.ini_version = value;
-    else if (key.key == key_jidx_no_disp)
-      settings.jidx_no_disp_flag = whole_number(value, path + ": " + std::string{key.key});
-    else
-      settings.*key.member = value;
+    const std::string text = app.platform.profile.get(path, key.section, key.key);
+    take(settings, key.member, std::string{left(text, longest_setting)}, path + ": " + std::string{key.key});
+    app.state.settings_in_file[key.key] = {text, setting_value(settings, key)};
   }
-  settings.soapbox = value_of(ini_section, "SOAPBOX");
   settings.mycall14 = pad_right(trim(settings.mycall), 14);
-  for (const SettingKey& key : keys)
-    app.state.settings_in_file[key.key] = {app.platform.profile.get(path, key.section, key.key),
-                                           setting_value(settings, key)};
 }
 
-void read_Varnisto_cfg(App& app) {
+void read_Varnisto_cfg(App& app, Settings& settings) {
   app.trace.line("Public Sub read_Varnisto_cfg()");
   TextReader reader{legacy_path(app)};
   std::string_view line = reader.must_next();
   do {
-    read_legacy_line(app.state.settings, line);
+    read_legacy_line(settings, line);
   } while (reader.next(line));
-}
-
-void read_cfg2(App& app) {
-  app.trace.line("Public Sub read_cfg2()");
-  read_settings(app);
-}
-
-void check_cfg(App& app) {
-  app.trace.line("Public Sub check_cfg()");
-  if (!app.state.settings.dir_pad.empty()) return;
-  show_text(app,
-            lines({" WORDPAD.EXE のフォルダが未確定です。", " WORDPAD.EXE のフォルダを確認してから",
-                   " [ 環境 ] にて WORDPAD.EXE のフォルダを指定し", " Varnisto.ini を作成して下さい。"}),
-            Color::red);
-  app.main.mnuOpen_file.enabled = false;
-  app.main.lblIn.text = "「 環境 」より新 ｉｎｉ を作成して下さい";
-  app.main.lblIn.color = Color::red;
 }
 
 void get_call_from_cfg(App& app) {
@@ -242,15 +255,15 @@ void get_call_from_cfg(App& app) {
     if (contains(line, label)) app.state.settings.mycall_base = trim(remove_all(line, label));
 }
 
-std::vector<std::string> missing_settings(const App& app) {
-  const Settings& settings = app.state.settings;
-  constexpr std::string Settings::*required[] = {&S::my_name, &S::mycall, &S::address1,  &S::operators,
-                                                 &S::jidx_no, &S::e_mail, &S::set_in_dir};
+std::vector<std::string> missing_settings(const Settings& settings, bool editor_ticked) {
+  constexpr std::string_view required[] = {"NAME",    "CALLSIGN", "ADDRESS1",   "OPERATORS",
+                                           "JIDX_No", "e_mail",   "Set_in_dir", "dir_pad"};
   std::vector<std::string> missing;
-  for (const auto member : required)
-    for (const SettingKey& key : keys)
-      if (key.member == member && (settings.*member).empty()) missing.emplace_back(key.key);
-  if (app.main.Check1.checked && settings.dir_pad.empty()) missing.emplace_back("dir_pad");
+  for (const std::string_view name : required) {
+    if (name == "dir_pad" && !editor_ticked) continue;
+    const auto* const key = std::ranges::find(keys, name, &SettingKey::key);
+    if ((settings.*std::get<std::string S::*>(key->member)).empty()) missing.emplace_back(name);
+  }
   return missing;
 }
 

@@ -70,7 +70,7 @@ bool QtDesk::show_main_window() {
   main_.widget = make_main_window(main, run_event);
   main_.form = std::move(form);
   main_.close_control = "owari";
-  run([&] { main.load(); });
+  run([&] { main.Form_Load(); });
   if (main.closed) return false;
   main_view_ = std::make_unique<View>(*main_.widget, main, main_.close_control, run_event);
   views_.push_back(main_view_.get());
@@ -84,8 +84,7 @@ void QtDesk::open_log(const std::string& path) {
 }
 
 void QtDesk::run(const std::function<void()>& event) {
-  // Most forms trap their errors themselves; nothing may pass through Qt's event loop.
-  try {
+  try {  // nothing may pass through Qt's event loop
     if (run_action(*app_, event).ends_program) app_->state.program.ending = true;
   } catch (const std::exception& error) {
     app_->state.program.ending = true;
@@ -97,7 +96,10 @@ void QtDesk::run(const std::function<void()>& event) {
 }
 
 void QtDesk::refresh() {
-  for (View* view : views_) view->binder().refresh();
+  for (View* view : views_) {
+    view->form().refresh();
+    view->binder().refresh();
+  }
 }
 
 void QtDesk::close_finished() {
@@ -155,8 +157,6 @@ std::optional<std::string> QtDesk::open_file_dialog(const OpenFileRequest& reque
 void QtDesk::show(FormName name) {
   refresh();
   Window window = make_window(name, *app_, parent_window(), [this](const auto& event) { run(event); });
-  if (app_->state.program.ending) throw ProgramEnd("a dialog failed");
-  if (window.form->closed) return;
   if (topmost_.contains(name)) window.widget->setWindowFlag(Qt::WindowStaysOnTopHint);
   if (window.modal)
     show_modal(std::move(window));

@@ -26,34 +26,22 @@ class FormDialog final : public QDialog {
   void reject() override { close(); }
 };
 
-template <class Ui>
-Window shown_by(std::unique_ptr<Form> form, QWidget* parent) {
+template <class FormType, class Ui>
+Window dialog(App& app, QWidget* parent, const RunEvent&) {
   Window window;
-  window.form = std::move(form);
+  window.form = std::make_unique<FormType>(app);
   auto widget = std::make_unique<FormDialog>(parent);
   Ui ui;
   ui.setupUi(widget.get());
   window.widget = std::move(widget);
+  window.form->Form_Load();
   return window;
-}
-
-template <class FormType, class Ui>
-Window dialog(App& app, QWidget* parent, const RunEvent&) {
-  auto form = std::make_unique<FormType>(app);
-  form->load();
-  return shown_by<Ui>(std::move(form), parent);
-}
-
-/// A dialog whose form loads itself when it is made.
-template <class FormType, class Ui>
-Window loaded_dialog(App& app, QWidget* parent, const RunEvent&) {
-  return shown_by<Ui>(std::make_unique<FormType>(app), parent);
 }
 
 Window viewer(App& app, QWidget* parent, const RunEvent&) {
   Window window;
   auto form = std::make_unique<frmDisp2>(app);
-  form->load();
+  form->Form_Load();
   window.widget = std::make_unique<ViewerWindow>(*form, qobject_cast<QDialog*>(parent));
   window.form = std::move(form);
   return window;
@@ -65,7 +53,7 @@ Window link_page(App& app, QWidget* parent, const RunEvent& run) {
   auto form = std::make_unique<frmWeb_URL>(app, *widget);
   widget->on_link(
       [run, &page = *form](const std::string& address) { run([&] { page.open_link(address); }); });
-  form->load();
+  form->Form_Load();
   window.widget = std::move(widget);
   window.form = std::move(form);
   return window;
@@ -78,8 +66,8 @@ struct WindowKind {
   bool modal;
 };
 constexpr WindowKind kinds[] = {
-    {FormName::select_cont, loaded_dialog<SelectCont, Ui::select_cont>, "", true},
-    {FormName::frmOVERLAY, loaded_dialog<FrmOverlay, Ui::frmOVERLAY>, "cmdBack", true},
+    {FormName::select_cont, dialog<select_cont, Ui::select_cont>, "", true},
+    {FormName::frmOVERLAY, dialog<frmOVERLAY, Ui::frmOVERLAY>, "cmdBack", true},
     {FormName::Make_cfg, dialog<Make_cfg, Ui::Make_cfg>, "cmdBack", true},
     {FormName::frmDisp2, viewer, "mnuBack", false},
     {FormName::frmWeb_URL, link_page, "mnuMain", true},

@@ -51,14 +51,9 @@ std::int32_t waedc_score(const TallyState& tally) {
   return product(std::int64_t{tally.points_total} + tally.qtcs_total, tally.multi1_total);
 }
 
-void set_score(TallyState& tally, std::int32_t score) {
-  tally.total_score = score;
-  tally.total_score_text = std::to_string(score);
-}
-
 void set_sheet_code(App& app, std::string_view title) {
   const auto code = sheet_code(title);
-  app.state.contest.cont_id = code.value_or(title);
+  app.state.log.contest.cont_id = code.value_or(title);
   if (!code) get_contest_name(app);
 }
 

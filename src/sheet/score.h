@@ -15,9 +15,6 @@ std::optional<std::int32_t> score_of(std::string_view title, const TallyState& t
 /// The score of a WAEDC log: QTCs count like points.
 std::int32_t waedc_score(const TallyState& tally);
 
-/// Keeps a score as number and text.
-void set_score(TallyState& tally, std::int32_t score);
-
 /// Makes `cont_id` the code of a contest's title: built-in table, then contest_name.cfg.
 void set_sheet_code(App& app, std::string_view title);
 

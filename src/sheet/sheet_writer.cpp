@@ -1,7 +1,7 @@
 #include "sheet/sheet_writer.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <span>
 
 #include "base/files.h"
@@ -45,7 +45,7 @@ constexpr SheetVariant cqwpx_variant{"MHz           QSOs    Points", std::span{g
                                      true};
 constexpr SheetVariant waedc_variant{"MHz           QSOs     QTCs    Mult(*bonus)", waedc_columns, 16};
 
-constexpr std::array<std::string_view, band_count> band_labels = {"1.9", "3.5", "7  ", "14 ", "21 ", "28 "};
+constexpr std::size_t band_label_width = 3;
 
 constexpr std::string_view declaration[] = {
     "", "This is to certify that in this contest I have operated my transmitter",
@@ -60,7 +60,7 @@ void put_at(std::string& line, std::size_t stop, std::int64_t value, std::size_t
 void put_table(const TallyState& tally, const SheetVariant& variant, LineSink& sheet) {
   sheet.put(variant.heading);
   for (std::size_t band = 0; band < band_count; ++band) {
-    std::string line{band_labels.at(band)};
+    std::string line = pad_right(names_of(band_at(band)).megahertz, band_label_width);
     for (const SheetColumn& column : variant.columns)
       put_at(line, column.stop, tally.band_tally.at(band).*column.counter, column_width);
     sheet.put(line);
@@ -82,9 +82,9 @@ void put_head(const App& app, const SheetVariant& variant, LineSink& sheet) {
   sheet.put("");
   sheet.put("Call sign: " + std::string{trim(app.state.settings.mycall)});
   sheet.put("");
-  sheet.put("Category: " + app.state.category.zsm_category);
+  sheet.put("Category: " + app.state.log.category.zsm_category);
   sheet.put("");
-  put_table(app.state.tally, variant, sheet);
+  put_table(app.state.log.tally, variant, sheet);
 }
 
 void refresh_call(App& app) {
@@ -95,12 +95,12 @@ bool holds_comment(std::string_view line) {
   return contains(line, "SOAPBOX=") || contains(line, "SOAPBOX:");
 }
 
-/// The settings that stand behind call sign and club make the name and address lines. True when one of them
-/// was a comment.
+/// The settings that make the name and address lines. True when one of them was a comment.
 bool put_name_and_address(const Settings& settings, LineSink& sheet) {
-  constexpr std::size_t first = 3, count = 5;  // OPERATORS, NAME, ADDRESS1 to ADDRESS3
+  constexpr std::string_view wanted[] = {"OPERATORS", "NAME", "ADDRESS1", "ADDRESS2", "ADDRESS3"};
   bool commented = false;
-  for (const SettingKey& key : setting_keys().subspan(first, count)) {
+  for (const SettingKey& key : setting_keys()) {
+    if (std::ranges::find(wanted, key.key) == std::end(wanted)) continue;
     const std::string line = std::string{key.key} + "=" + setting_value(settings, key);
     const auto lines_of_key = sheet_lines_of_setting(line);
     commented = commented || (!lines_of_key.empty() && holds_comment(line));
@@ -110,25 +110,13 @@ bool put_name_and_address(const Settings& settings, LineSink& sheet) {
 }
 
 /// The sheet goes to the generated name; it never replaces the logger's own summary.
-void choose_sheet_name(App& app) {
-  InputState& input = app.state.input;
-  zsm_disp_chk(app);  // derives the generated names
-  if (input.zsm_use_name != input.zsm_name) return;
-  struct GeneratedName {
-    std::string_view in_kind;
-    std::string InputState::*name;
-  };
-  constexpr GeneratedName names[] = {{"zlog_all", &InputState::za2c_name},
-                                     {"zlog_zlo", &InputState::zz2c_name},
-                                     {"ccc_txt", &InputState::ct2c_name},
-                                     {"ccc_bin", &InputState::cb2c_name}};
-  for (const GeneratedName& row : names)
-    if (row.in_kind == input.in_kind) input.zsm_use_name = input.zsm_send_name = input.*row.name;
+void choose_sheet_name(InputState& input) {
+  if (input.zsm_use_name == input.zsm_name) input.zsm_use_name = generated_summary(input, input.in_kind);
 }
 
 void write_variant(App& app, const SheetVariant& variant) {
-  choose_sheet_name(app);
-  TextWriter sheet{app.outputs.create(app.state.input.zsm_use_name)};
+  choose_sheet_name(app.state.log.input);
+  TextWriter sheet{app.outputs.create(app.state.log.input.zsm_use_name)};
   put_head(app, variant, sheet);
   make_za2c_zsm_etc(app, sheet);
 }
@@ -140,9 +128,18 @@ std::string cont_name_path(const App& app) {
 }  // namespace
 
 std::string sheet_title(const App& app) {
-  if (app.state.input.in_kind == "zlog_zlo") return app.state.contest.zlo_title;
-  if (app.state.input.in_kind == "zlog_all") return app.state.contest.contest_name;
-  throw NotAvailable("CCC");
+  switch (app.state.log.input.in_kind) {
+    case InputKind::zlog_zlo:
+      return app.state.log.contest.zlo_title;
+    case InputKind::ccc_txt:
+    case InputKind::ccc_bin:
+      throw NotAvailable("CCC");
+    case InputKind::none:
+    case InputKind::zlog_all:
+    case InputKind::cabrillo:
+      break;
+  }
+  return app.state.log.contest.contest_name;
 }
 
 std::vector<std::string> sheet_lines_of_setting(std::string_view line) {
@@ -171,7 +168,7 @@ void make_za2c_zsm(App& app) {
 
 void make_za2c_zsm_CQWW(App& app) {
   app.trace.line("Public Sub make_za2c_zsm_CQWW()");
-  app.state.tally.score_detail = score_detail_of(app.state.tally);
+  app.state.log.tally.score_detail = score_detail_of(app.state.log.tally);
   write_variant(app, cqww_variant);
 }
 
@@ -187,7 +184,7 @@ void make_za2c_zsm_WAEDC(App& app) {
 
 void Make_zlo2_za2c_zsm2(App& app) {
   app.trace.line("Public Sub Make_zlo2_za2c_zsm2()");
-  std::string& name = app.state.contest.contest_name;
+  std::string& name = app.state.log.contest.contest_name;
   if (is_blank(name)) name = "contest";
   if (!app.outputs.exists(cont_name_path(app))) write_cont_name(app, name);
   refresh_call(app);
@@ -207,10 +204,9 @@ void make_za2c_zsm_etc(App& app, TextWriter& sheet) {
   sheet.put("");
 
   sheet.close();
-  const std::string& name = app.state.input.zsm_use_name;
-  auto& outputs = app.state.input.outputs;
+  const std::string& name = app.state.log.input.zsm_use_name;
+  auto& outputs = app.state.log.input.outputs;
   if (std::ranges::find(outputs, name) == outputs.end()) outputs.push_back(name);
-  zsm_disp_chk(app);
 }
 
 void write_cont_name(App& app, std::string_view name) {

@@ -26,11 +26,11 @@ std::int64_t frequency_of(const TextLine& line, bool from_memo) {
 }
 
 void count_mode(std::string_view column, TallyState& tally) {
-  const auto mode = mode_code(column);
-  if (mode == "CW") add_checked(tally.cw_count, 1, "cw_count");
-  if (mode == "PH") add_checked(tally.ssb_count, 1, "ssb_count");
-  if (mode == "RY") add_checked(tally.rty_count, 1, "rty_count");
-  if (mode == "FM") add_checked(tally.fm_count, 1, "fm_count");
+  const auto mode = mode_of_column(column);
+  if (mode == Mode::cw) add_checked(tally.cw_count, 1, "cw_count");
+  if (mode == Mode::ssb) add_checked(tally.ssb_count, 1, "ssb_count");
+  if (mode == Mode::rtty) add_checked(tally.rty_count, 1, "rty_count");
+  if (mode == Mode::fm) add_checked(tally.fm_count, 1, "fm_count");
 }
 
 bool is_new_multiplier(std::string_view column) {
@@ -57,7 +57,7 @@ const TallyRules waedc_tally = {{{{1900, 2000, 4},
 
 TallyOptions tally_options(const App& app) {
   const Settings& settings = app.state.settings;
-  return {settings.mode_2_rtty_flag == "1", settings.get_freq_flag == "1"};
+  return {settings.mode_2_rtty_flag, settings.get_freq_flag};
 }
 
 void tally_line(std::string_view text, const TallyRules& rules, const TallyOptions& options,
@@ -96,8 +96,8 @@ void sum_totals(TallyState& tally) {
 void tally_log(App& app, const TallyRules& rules) {
   zero_clear(app);
   const TallyOptions options = tally_options(app);
-  TallyState& tally = app.state.tally;
-  TextReader log{app.state.input.z2a_name};
+  TallyState& tally = app.state.log.tally;
+  TextReader log{app.state.log.input.z2a_name};
   std::string_view line;
   log.next(line);  // the title line
   bool found = false;

@@ -1,6 +1,7 @@
 #pragma once
 // From a log without a usable summary of the logger to the program's own: tally, score, category, sheet.
 
+#include <optional>
 #include <string>
 
 #include "core/app.h"
@@ -18,8 +19,7 @@ void Make_zlo2_za2c_zsm1_WAEDC(App& app);
 void make_listed_contest_zsm(App& app);
 
 /// Builds `zsm_category` from the operator chosen in the dialog and the log's bands and modes, derives
-/// CATEGORY-BAND and the category text, shows the summary, and draws the matching operator and power options
-/// of the main window in blue.
+/// CATEGORY-BAND and the category text, and shows the summary.
 void set_category_za2c_zsm(App& app);
 
 /// The category texts of a sheet.
@@ -27,9 +27,8 @@ struct SheetCategory {
   std::string printed;    ///< on the sheet, e.g. "Single-op 7 MHz Ph"
   std::string with_band;  ///< with the band as Cabrillo names it, e.g. "Single-op 40M Ph"
 };
-/// `operator_text` as chosen in the dialog ("" for "Single-op"), `dialog_mode` wins over the log's modes
-/// unless it is empty.
-SheetCategory sheet_category(const TallyState& tally, std::string_view cont_id,
-                             std::string_view operator_text, std::string_view dialog_mode);
+/// `dialog_mode` wins over the log's modes.
+SheetCategory sheet_category(const TallyState& tally, std::string_view cont_id, Operator op,
+                             std::optional<Mode> dialog_mode);
 
 }  // namespace varnisto

@@ -5,15 +5,13 @@
 
 namespace varnisto {
 
-/// A form that works on the program's state. Its event routines run inside the error trap; an error that ends
-/// the program closes the form.
+/// A form that works on the program's state. Its event routines throw: whoever hands an event in (a window,
+/// the command line) runs it inside an action, which shows the error.
 class AppForm : public Form {
  public:
   explicit AppForm(App& the_app) : app(the_app) {}
 
  protected:
-  void run(const std::function<void()>& action) override;
-
   App& app;
 };
 

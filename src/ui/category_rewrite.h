@@ -8,9 +8,6 @@
 
 namespace varnisto {
 
-/// Operator word of a summary for an operator option, 0 to 6; "" for any other index.
-std::string_view summary_operator(int option);
-
 struct CategoryRewrite {
   std::string line;      ///< the new line
   std::string cat_text;  ///< the category text it holds
@@ -20,7 +17,7 @@ struct CategoryRewrite {
 CategoryRewrite rewrite_category_line(std::string_view line, std::string_view cat_text,
                                       std::string_view new_operator);
 
-/// The summary that the rewrite works on, by `zsm_kind`.
+/// The summary that the rewrite works on: the logger's, else the program's own.
 std::string summary_to_rewrite(const InputState& input);
 
 /// Rewrites the Category lines of the log's summary for the selected operator option and shows the summary.

@@ -3,7 +3,6 @@
 #include "app/start_up.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "core/main_options.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "ui/main_menus.h"
@@ -17,61 +16,49 @@ void enable_editor_menus(App& app, bool enabled) {
     item->enabled = enabled;
 }
 
-/// Takes back what check_cfg() blocked for want of an editor; incomplete settings block on.
+/// Takes back what block_opening() blocked for want of an editor; incomplete settings block on.
 void unblock_opening(App& app) {
-  if (app.main.mnuOpen_file.enabled || app.state.program.ini_missing_flag == 1) return;
+  if (app.main.mnuOpen_file.enabled || app.state.program.ini_missing_flag) return;
   app.main.mnuOpen_file.enabled = true;
   clear_text(app);
 }
 
-}  // namespace
-
-void show_editor_state(App& app) {
-  Label& label = app.main.lblPad_use;
-  if (!app.main.Check1.checked) {
-    label.text = "しない";
-    label.color = Color::green;
-  } else if (is_blank(app.state.settings.dir_pad)) {
-    label.text = "要設定";
-    label.color = Color::red;
-  } else {
-    label.text = "可能";
-    label.color = Color::blue;
-  }
+/// Without an editor no log is opened until the settings name one.
+void block_opening(App& app) {
+  if (!app.state.settings.dir_pad.empty()) return;
+  show_text(app,
+            lines({" WORDPAD.EXE のフォルダが未確定です。", " WORDPAD.EXE のフォルダを確認してから",
+                   " [ 環境 ] にて WORDPAD.EXE のフォルダを指定し", " Varnisto.ini を作成して下さい。"}),
+            Color::red);
+  app.main.mnuOpen_file.enabled = false;
+  app.main.lblIn.text = "「 環境 」より新 ｉｎｉ を作成して下さい";
+  app.main.lblIn.color = Color::red;
 }
+
+}  // namespace
 
 void Check1_Click(App& app) {
   app.trace.line("Private Sub Check1_Click()");
-  store_check_box(app, 1);
-  show_editor_state(app);
   const bool ticked = app.main.Check1.checked;
-  app.state.program.editor_on = ticked ? 1 : 0;
+  app.state.settings.pad_use_flag = ticked;
   if (!ticked) {
     enable_editor_menus(app, false);
     unblock_opening(app);
   } else {
-    if (has_folder(app.state.input.in_name)) enable_editor_menus(app, true);
-    if (is_blank(app.state.settings.dir_pad)) check_cfg(app);
+    if (has_folder(app.state.log.input.in_name)) enable_editor_menus(app, true);
+    if (is_blank(app.state.settings.dir_pad)) block_opening(app);
   }
   show_input(app);
 }
 
 void edit_file(App& app, const std::string& file) {
-  const std::string& editor = app.state.settings.dir_pad;
+  const std::string editor = app.state.settings.dir_pad;
   if (!is_plain_file(editor))
     return message_box(app, {"[ c作成 ] にてエディターの設定をして下さい", "", Icon::none});
-  // The options come back as they are stored; what a dialog chose for the open log beyond them stays.
-  const CategoryState category = app.state.category;
-  restore_options(app);
-  app.state.category = category;
   write_current_settings(app);
-  read_settings(app);
   const std::string program = find_file(editor).value_or(editor);
   start_outside(app, [&] { app.platform.launcher.editor(program, file); });
-  save_options(app);
-  read_settings(app);
-  app.main.lblShori.text = "編集終了";
-  app.main.lblShori.color = Color::blue;
+  app.state.display.progress = Progress::edited;
 }
 
 }  // namespace varnisto

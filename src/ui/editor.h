@@ -7,9 +7,6 @@
 
 namespace varnisto {
 
-/// Shows whether the editor can be used.
-void show_editor_state(App& app);
-
 /// Takes the editor box: menus, label, settings flag.
 void Check1_Click(App& app);
 

@@ -6,17 +6,7 @@ namespace varnisto {
 
 void Form::run_named(const Routines& routines, std::string_view name, int index) {
   const auto hit = std::ranges::find(routines, name, &Routines::value_type::first);
-  if (hit == routines.end()) return;
-  run([&] { hit->second(index); });
-}
-
-void Form::load() {
-  bool loaded = false;
-  run([&] {
-    Form_Load();
-    loaded = true;
-  });
-  if (!loaded) closed = true;  // there is nothing to show
+  if (hit != routines.end()) hit->second(index);
 }
 
 void Form::click(std::string_view name, int index) {

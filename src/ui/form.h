@@ -34,9 +34,10 @@ class Form {
   /// Every control that a view shows.
   virtual std::vector<NamedControl> controls() = 0;
 
-  /// What the window does when it opens. A view calls load(), once, before it shows the window.
+  /// What the window does when it opens: whoever makes a form calls it once, before the first event.
   virtual void Form_Load() {}
-  void load();
+  /// Brings the controls up to date with what they tell of. A view calls it before it copies them.
+  virtual void refresh() {}
 
   /// The user clicked a control: button, menu entry, check box (already toggled), option or list entry number
   /// `index` (already selected).
@@ -61,12 +62,9 @@ class Form {
   void on_click(std::string_view name, Routine routine) { clicks_.emplace_back(name, std::move(routine)); }
   void on_change(std::string_view name, Routine routine) { changes_.emplace_back(name, std::move(routine)); }
 
-  /// Every event routine runs through here, so that a form can put its error trap around them.
-  virtual void run(const std::function<void()>& action) { action(); }
-
  private:
   using Routines = std::vector<std::pair<std::string, Routine>>;
-  void run_named(const Routines& routines, std::string_view name, int index);
+  static void run_named(const Routines& routines, std::string_view name, int index);
 
   Routines clicks_;
   Routines changes_;

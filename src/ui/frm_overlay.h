@@ -1,16 +1,18 @@
 #pragma once
 // The overlay category dialog of CQ WPX.
 
-#include "core/app.h"
-#include "ui/form.h"
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "ui/app_form.h"
 
 namespace varnisto {
 
-/// Window frmOVERLAY. Constructing it loads it: the offers for the contest's mode are listed.
-class FrmOverlay final : public Form {
+/// Window frmOVERLAY.
+class frmOVERLAY final : public AppForm {
  public:
-  /// Throws ListFileError 62 for an empty OVERLAY.txt or half a record, RunTimeError 53 when it is missing.
-  explicit FrmOverlay(App& app);
+  explicit frmOVERLAY(App& the_app);
 
   OptionGroup Option1;  ///< 0: no overlay, 1: claim one (Frame1)
   ListBox List1;        ///< the overlay categories offered; visible with option 1
@@ -19,6 +21,8 @@ class FrmOverlay final : public Form {
 
   std::vector<NamedControl> controls() override;
 
+  /// Lists the offers for the contest's mode. Throws ListFileError 62 for an empty OVERLAY.txt or half a
+  /// record, RunTimeError 53 when it is missing.
   void Form_Load() override;
   void Op1_Chk();
   void Option1_Click();
@@ -28,13 +32,11 @@ class FrmOverlay final : public Form {
   void cmdBack_Click();
 
  private:
-  void read_offers();
-
-  App& app_;
+  void read_offers(std::string_view key);
 };
 
-/// Key of OVERLAY.txt for a contest and a mode ("CW", "PH" or "SSB"; others leave the mode out); "" for
-/// contests other than CQ WPX.
-std::string overlay_key_of(std::string_view cont_id, std::string_view mode);
+/// Key of OVERLAY.txt for a contest and a mode (CW or SSB; others leave the mode out); "" for contests other
+/// than CQ WPX.
+std::string overlay_key_of(std::string_view cont_id, std::optional<Mode> mode);
 
 }  // namespace varnisto

@@ -66,7 +66,7 @@ void frmWeb_URL::mnuGoForward_Click() {
 }
 
 void frmWeb_URL::open_link(const std::string& address) {
-  run([&] { open_address(app, address); });
+  open_address(app, address);
 }
 
 }  // namespace varnisto

@@ -8,7 +8,6 @@
 #include "base/files.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
-#include "core/main_options.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "platform/program_folder.h"
@@ -27,7 +26,8 @@ constexpr OpenMenu opens[] = {
 
 /// The input, when it is text.
 std::string text_input(const InputState& input) {
-  return input.in_kind == "zlog_all" || input.in_kind == "ccc_txt" ? input.in_name : "";
+  const bool text = input.in_kind == InputKind::zlog_all || input.in_kind == InputKind::ccc_txt;
+  return text ? input.in_name : "";
 }
 
 /// The output with this extension: the file that was written or its copy; before a run the file of an earlier
@@ -43,8 +43,9 @@ std::string named(const InputState& input) {
   return input.*name;
 }
 
-std::string generated_summary(const InputState& input, std::string_view suffix) {
-  return replace_in_name(input.zsm_name, ".zsm", suffix);
+template <InputKind kind>
+std::string generated(const InputState& input) {
+  return generated_summary(input, kind);
 }
 
 using I = InputState;
@@ -58,14 +59,10 @@ constexpr ViewerMenu viewers[] = {
     {"all_Disp_z2a", &M::all_Disp_z2a, named<&I::z2a_name>},
     {"txt_Disp_c2t", &M::txt_Disp_c2t, named<&I::cb2t_name>},
     {"zsm_Disp_zsm", &M::zsm_Disp_zsm, named<&I::zsm_use_name>},
-    {"zsm_Disp_za2c", &M::zsm_Disp_za2c,
-     [](const I& input) { return generated_summary(input, "_za2c.zsm"); }},
-    {"zsm_Disp_zz2c", &M::zsm_Disp_zz2c,
-     [](const I& input) { return generated_summary(input, "_zz2c.zsm"); }},
-    {"zsm_Disp_ct2c", &M::zsm_Disp_ct2c,
-     [](const I& input) { return generated_summary(input, "_ct2c.zsm"); }},
-    {"zsm_Disp_cb2c", &M::zsm_Disp_cb2c,
-     [](const I& input) { return generated_summary(input, "_cb2c.zsm"); }}};
+    {"zsm_Disp_za2c", &M::zsm_Disp_za2c, generated<InputKind::zlog_all>},
+    {"zsm_Disp_zz2c", &M::zsm_Disp_zz2c, generated<InputKind::zlog_zlo>},
+    {"zsm_Disp_ct2c", &M::zsm_Disp_ct2c, generated<InputKind::ccc_txt>},
+    {"zsm_Disp_cb2c", &M::zsm_Disp_cb2c, generated<InputKind::ccc_bin>}};
 
 constexpr WebLink links[] = {
     {"mnuVESTRA", &M::mnuVESTRA},     {"mnuARRL", &M::mnuARRL}, {"mnuCQWW", &M::mnuCQWW},
@@ -109,9 +106,8 @@ std::span<const ViewerMenu> viewer_menus() {
 
 void show_in_viewer(App& app, const ViewerMenu& menu) {
   app.trace.line("Private Sub " + std::string{menu.name} + "_Click()");
-  save_options(app);
   write_current_settings(app);
-  app.state.display.disp_name = menu.file(app.state.input);
+  app.state.display.disp_name = menu.file(app.state.log.input);
   if (!app.state.display.disp_name.empty()) app.desk.show(FormName::frmDisp2);
 }
 

@@ -9,11 +9,13 @@
 #include "app/start_up.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "core/main_options.h"
+#include "core/entry.h"
 #include "core/paths.h"
 #include "ui/category_rewrite.h"
 #include "ui/editor.h"
 #include "ui/main_menus.h"
+#include "ui/main_view.h"
+#include "ui/option_boxes.h"
 #include "ui/recent_files.h"
 
 namespace varnisto {
@@ -28,7 +30,7 @@ const ViewerMenu& viewer_named(std::string_view name) {
 
 /// The Cabrillo file that the editor opens: the last output, before a run that of an earlier one.
 std::string output_to_edit(const InputState& input) {
-  return input.out_name.empty() ? input.cbr_name2 : input.out_name;
+  return input.out_name.empty() ? input.cbr_name : input.out_name;
 }
 
 }  // namespace
@@ -131,19 +133,8 @@ std::vector<NamedControl> MainWindow::controls() {
   return all;
 }
 
-void MainWindow::run(const std::function<void()>& action) {
-  AppForm::run(action);
-  if (!closed) refresh_menus();
-}
-
-void MainWindow::refresh_menus() {
-  enable_outputs(app);
-  const InputState& input = app.state.input;
-  for (const std::string_view name : {"mnuDisp2_in", "all_Disp_z2a", "txt_Disp_c2t"}) {
-    const ViewerMenu& menu = viewer_named(name);
-    const std::string file = menu.file(input);
-    (app.main.*menu.item).enabled = has_folder(file) && file_exists(file);
-  }
+void MainWindow::refresh() {
+  show_state(app);
 }
 
 void MainWindow::show_recent_files() {
@@ -159,8 +150,8 @@ void MainWindow::show_recent_files() {
 void MainWindow::Form_Load() {
   varnisto::Form_Load(app);
   app.state.program.window_open = true;
+  show_state(app);
   caption = app.main.caption;
-  show_editor_state(app);
   show_recent_files();
 }
 
@@ -192,7 +183,7 @@ void MainWindow::open_path(const std::string& path) {
     return refuse(
         {path, "は開けません。", "＊．all ＊．zlo ＊．txt ＊．bin ＊．cbr のﾌｧｲﾙを指定して下さい。"});
   clear_text(app);
-  app.main.lblShori.text.clear();
+  app.state.display.progress = Progress::none;
   if (menu->ext_upper == "CBR")
     open_chosen_cbr(app, *file);
   else
@@ -201,8 +192,8 @@ void MainWindow::open_path(const std::string& path) {
 }
 
 void MainWindow::remember_opened() {
-  if (app.state.input.in_err_flag == 1) return;
-  remember_file(app, app.state.input.in_name);
+  if (!app.state.log.input.opened) return;
+  remember_file(app, app.state.log.input.in_name);
   show_recent_files();
 }
 
@@ -223,7 +214,7 @@ void MainWindow::mnuOpen_cbr_Click() {
 }
 
 void MainWindow::open_dropped_file(const std::string& path) {
-  run([&] { open_path(path); });
+  open_path(path);
 }
 
 void MainWindow::mnuRecent_Click(int index) {
@@ -264,10 +255,10 @@ void MainWindow::cmdMail_Send_test_Click() {
 // ---- options and check boxes ----
 
 void MainWindow::Option1_Click(int index) {
-  varnisto::Option1_Click(app, index);
+  choose_power(app, choice_at<Power>(index));
 }
 void MainWindow::Option3_Click(int index) {
-  varnisto::Option3_Click(app, index);
+  choose_operator(app, choice_at<Operator>(index));
 }
 void MainWindow::Check1_Click() {
   varnisto::Check1_Click(app);
@@ -275,15 +266,16 @@ void MainWindow::Check1_Click() {
 
 void MainWindow::Check_Click(int number) {
   app.trace.line("Private Sub Check" + std::to_string(number) + "_Click()");
-  store_check_box(app, number);
-  app.main.lblShori.text.clear();
+  const OptionBox& row = option_boxes()[static_cast<std::size_t>(number) - 1];
+  app.state.settings.*row.flag = (app.main.*row.box).checked;
+  app.state.display.progress = Progress::none;
 }
 
 // ---- menus ----
 
 void MainWindow::mnu_mc_Click() {
   app.trace.line("Private Sub mnu_mc_Click()");
-  edit_file(app, output_to_edit(app.state.input));
+  edit_file(app, output_to_edit(app.state.log.input));
 }
 void MainWindow::mnu_email_add_Click() {
   app.trace.line("Private Sub mnu_email_add_Click()");
@@ -300,14 +292,13 @@ void MainWindow::viewer_Click(std::string_view menu) {
 
 void MainWindow::mnuMake_Click() {
   app.trace.line("Private Sub mnuMake_Click()");
-  app.main.lblShori.text.clear();
+  app.state.display.progress = Progress::none;
   app.main.mnuDisp.enabled = app.platform.profile.exists(app.state.program.ini_name);
   // What the selection dialog chose for the open log beyond the main window's options stays.
-  const CategoryState category = app.state.category;
-  Option3_Check(app);
+  const EntryChoice entry = app.state.entry;
   app.desk.show(FormName::Make_cfg);
   Form_Load();
-  if (category.dialog_shown) app.state.category = category;
+  if (entry.dialog_shown) app.state.entry = entry;
 }
 
 void MainWindow::mnuDebug_mode_Click() {
@@ -335,7 +326,7 @@ std::string MainWindow::geometry() const {
   return window_geometry(app);
 }
 void MainWindow::keep_geometry(const std::string& text) {
-  run([&] { keep_window_geometry(app, text); });
+  keep_window_geometry(app, text);
 }
 
 }  // namespace varnisto

@@ -15,6 +15,7 @@ class MainWindow final : public AppForm {
 
   std::vector<NamedControl> controls() override;
   void Form_Load() override;
+  void refresh() override;
 
   void mnuOpen_all_Click();
   void mnuOpen_zlo_Click();
@@ -61,16 +62,11 @@ class MainWindow final : public AppForm {
   /// Keeps the window's place for the next start, when there is a settings file.
   void keep_geometry(const std::string& text);
 
- protected:
-  /// Runs an event routine and brings menus and recent files up to date.
-  void run(const std::function<void()>& action) override;
-
  private:
   void bind_events();
   void open_log(std::string_view menu);
   void open_path(const std::string& path);
   void remember_opened();
-  void refresh_menus();
   void show_recent_files();
 };
 

@@ -1,6 +1,7 @@
 #include "ui/make_cfg.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/start_up.h"
 #include "base/cp932.h"
@@ -197,15 +198,14 @@ std::string Make_cfg::typed(std::string_view name, std::string_view text) const 
 
 void Make_cfg::Form_Load() {
   app.trace.line("Private Sub Form_Load()_Make_cfg");
-  Settings& settings = app.state.settings;
-  kept_ = settings;
-  if (!app.platform.profile.exists(ini_path(app)) && file_exists(legacy_path(app))) read_Varnisto_cfg(app);
+  draft_ = app.state.settings;
+  if (!app.platform.profile.exists(ini_path(app)) && file_exists(legacy_path(app)))
+    read_Varnisto_cfg(app, draft_);
   ng_count = 0;
   lblVer.text = "Varnisto.ini for Varnisto.exe  ver " + std::string{program_version};
   caption = app.state.program.ini_name + " 環境設定 ";
-  settle_old_settings(settings, app.platform.profile.exists(ini_path(app)));
+  settle_old_settings(draft_, app.platform.profile.exists(ini_path(app)));
   fill_islands();
-  if (settings.iota_name_only.empty()) settings.iota_name_only = "0";
   show_island_option();
   fill_fields();
   check_all();
@@ -221,27 +221,23 @@ void Make_cfg::fill_islands() {
   List1.selected = 0;
   TextReader reader{app.state.program.app_dir + "JA_iota.txt"};
   for (std::string_view line; reader.next(line);) {
-    if (contains(line, app.state.settings.op_iota_island))
-      List1.selected = static_cast<int>(List1.items.size());
+    if (contains(line, draft_.op_iota_island)) List1.selected = static_cast<int>(List1.items.size());
     List1.items.emplace_back(line);
   }
   if (List1.items.empty()) List1.selected = -1;
 }
 
 void Make_cfg::fill_fields() {
-  Settings& settings = app.state.settings;
-  for (const Field& field : fields) (this->*field.box).text = settings.*field.setting;
-  for (std::size_t i = 0; i < txtCom.size(); ++i) txtCom[i].text = settings.*comments[i];
-  txtJidx.text = trim(settings.jidx_no);
-  lblIota.text = settings.op_iota_island;
-  Check1.checked = settings.e_add2_use_flag == "1";
-  settings.e_add2_use_flag = Check1.checked ? "1" : "0";
-  Check2.checked = settings.jidx_no_disp_flag != 0;
+  for (const Field& field : fields) (this->*field.box).text = draft_.*field.setting;
+  for (std::size_t i = 0; i < txtCom.size(); ++i) txtCom[i].text = draft_.*comments[i];
+  txtJidx.text = trim(draft_.jidx_no);
+  lblIota.text = draft_.op_iota_island;
+  Check1.checked = draft_.e_add2_use_flag;
+  Check2.checked = draft_.jidx_no_disp_flag != 0;
 }
 
 void Make_cfg::show_island_option() {
-  Option1.selected = app.state.settings.iota_name_only == "1" ? 0 : -1;
-  Option1.color_selected();
+  Option1.select(draft_.iota_name_only ? 0 : -1);
 }
 
 void Make_cfg::check_all() {
@@ -286,7 +282,7 @@ void Make_cfg::e_add2_Chk() {
 }
 
 void Make_cfg::Pad_Chk() {
-  const bool needed = app.state.program.editor_on == 1;
+  const bool needed = draft_.pad_use_flag;
   const std::string editor{trim(txtPad.text)};
   pad_ng = needed && !is_plain_file(editor) ? 1 : 0;
   const Color color = pad_ng == 1 ? Color::red : Color::black;
@@ -318,7 +314,7 @@ void Make_cfg::cmdSet_in_dir_Click() {
                                                "ﾃｷｽﾄﾌｧｲﾙ ( *.all,*.txt,*.zlo,*.bin )|*.all;*.txt;*.zlo;*.bin",
                                                txtSet_in_dir.text});
   if (!file) return;
-  txtSet_in_dir.text = app.state.settings.set_in_dir = folder_of_choice(*file);
+  txtSet_in_dir.text = folder_of_choice(*file);
   txtSet_in_dir.color = Color::black;
   set_in_dir_Chk();
   sp_flag_Chk();
@@ -330,13 +326,13 @@ void Make_cfg::Command1_Click() {
   const auto file = app.desk.open_file_dialog(
       {Command1.tip, "エディター　( *.exe )|*.EXE|すべてのﾌｧｲﾙ|*|", std::string{folder_part(txtPad.text)}});
   if (!file) return;
-  txtPad.text = app.state.settings.dir_pad = *file;
+  txtPad.text = *file;
   Pad_Chk();
 }
 
 void Make_cfg::Check1_Click() {
   app.trace.line("Private Sub Check1_Click()_Make_cfg");
-  app.state.settings.e_add2_use_flag = Check1.checked ? "1" : "0";
+  draft_.e_add2_use_flag = Check1.checked;
   e_add2_to_Chk();
   e_add2_Chk();
   if (!Check1.checked) lblE_Add2_to.color = lblE_add2.color = Color::black;
@@ -345,26 +341,24 @@ void Make_cfg::Check1_Click() {
 
 void Make_cfg::Check2_Click() {
   app.trace.line("Private Sub Check2_Click()_Make_cfg");
-  app.state.settings.jidx_no_disp_flag = Check2.checked ? 1 : 0;
+  draft_.jidx_no_disp_flag = Check2.checked ? 1 : 0;
 }
 
 void Make_cfg::Option1_Click() {
   app.trace.line("Private Sub Option1_Click()_Make_cfg");
-  std::string& name_only = app.state.settings.iota_name_only;
-  name_only = name_only == "1" ? "0" : "1";
+  draft_.iota_name_only = !draft_.iota_name_only;
   show_island_option();
 }
 
 void Make_cfg::List1_Click() {
   app.trace.line("Private Sub List1_Click()_Make_cfg");
   if (List1.selected < 0) return;
-  app.state.settings.op_iota_island = island_name(List1.items.at(static_cast<std::size_t>(List1.selected)));
-  lblIota.text = app.state.settings.op_iota_island;
+  draft_.op_iota_island = island_name(List1.items.at(static_cast<std::size_t>(List1.selected)));
+  lblIota.text = draft_.op_iota_island;
 }
 
 void Make_cfg::cmdBack_Click() {
   app.trace.line("Private Sub cmdBack_Click()");
-  app.state.settings = kept_;  // what was not saved does not hold
   closed = true;
 }
 
@@ -382,29 +376,34 @@ bool Make_cfg::texts_fit_file() {
 }
 
 void Make_cfg::take_fields() {
-  Settings& settings = app.state.settings;
-  for (const Field& field : fields) settings.*field.setting = trim((this->*field.box).text);
-  for (std::size_t i = 0; i < txtCom.size(); ++i) settings.*comments[i] = trim(txtCom[i].text);
-  settings.mycall = trim(to_upper(txtCall.text));
-  settings.mycall14 = pad_right(settings.mycall, 14);
-  txtCall.text = settings.mycall;
-  settings.e_add2_use_flag = Check1.checked ? "1" : "0";
-  settings.iota_name_only = Option1.selected == 0 ? "1" : "0";
+  for (const Field& field : fields) draft_.*field.setting = trim((this->*field.box).text);
+  for (std::size_t i = 0; i < txtCom.size(); ++i) draft_.*comments[i] = trim(txtCom[i].text);
+  draft_.mycall = trim(to_upper(txtCall.text));
+  draft_.mycall14 = pad_right(draft_.mycall, 14);
+  txtCall.text = draft_.mycall;
+}
+
+void Make_cfg::save() {
+  const Settings before = std::exchange(app.state.settings, draft_);
+  try {
+    write_settings(app);
+  } catch (...) {
+    app.state.settings = before;  // what was not saved does not hold
+    throw;
+  }
+  app.state.settings.ini_version = draft_.ini_version = program_version;
+  app.state.program.ini_found = app.state.program.cfg_loaded = true;
 }
 
 void Make_cfg::cmdOK_Click() {
   app.trace.line("Private Sub cmdOK_Click()");
   if (ng_count > 0 || !texts_fit_file()) return;
   take_fields();
-  app.state.program.ini_found = 1;
-  write_settings(app);
-  app.state.settings.ini_version = program_version;
+  save();
   if (file_exists(legacy_path(app)))
     os::rename_file(*find_file(legacy_path(app)), app.state.program.app_dir + "Varnisto_old.cfg",
                     legacy_path(app));
   show(lblMsg, "作成終了", Color::blue);
-  app.state.program.cfg_loaded = 1;
-  kept_ = app.state.settings;
 }
 
 }  // namespace varnisto

@@ -64,7 +64,7 @@ class Make_cfg final : public AppForm {
   std::int16_t ng_count = 0;  ///< their sum
 
  private:
-  Settings kept_;  ///< the settings as they were opened or saved last
+  Settings draft_;  ///< the settings as they would be saved
 
   void bind_events();
   void fill_fields();
@@ -73,6 +73,7 @@ class Make_cfg final : public AppForm {
   void check_all();
   bool texts_fit_file();
   void take_fields();
+  void save();
 };
 
 /// A typed lower-case letter becomes its upper-case letter; other keys pass unchanged.

@@ -2,12 +2,11 @@
 // The contest and category dialog: asks for what no summary of the logger tells, and makes the program's own
 // summary.
 
-#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
-#include "core/app.h"
-#include "ui/form.h"
+#include "ui/app_form.h"
 
 namespace varnisto {
 
@@ -26,11 +25,10 @@ enum class SheetSteps {
 /// The steps for a contest's title and code; upper and lower case count as the same.
 SheetSteps sheet_steps_of(bool zlo_input, std::string_view contest_name, std::string_view cont_id);
 
-/// Window select_cont. Constructing it loads it: lists filled, choices preset from the input.
-class SelectCont final : public Form {
+/// Window select_cont. Until OK nothing but the window changes: the choices lie in a draft.
+class select_cont final : public AppForm {
  public:
-  /// Throws RunTimeError or ListFileError when contest_name.cfg or the log cannot be read.
-  explicit SelectCont(App& app);
+  explicit select_cont(App& the_app);
 
   ListBox List1;        ///< contest names of contest_name.cfg
   OptionGroup Option1;  ///< power (frame frmPower)
@@ -46,13 +44,15 @@ class SelectCont final : public Form {
 
   std::vector<NamedControl> controls() override;
 
+  /// Fills the lists and presets the choices from the input. Throws RunTimeError or ListFileError when
+  /// contest_name.cfg or the log cannot be read.
   void Form_Load() override;
   void List1_Click();
   void Check1_Click();
   void cmdDisp_in_Click();
-  /// Stores the choices, makes the summary, opens the overlay dialog for CQ WPX, and closes unless the user
-  /// came back from there. Without a contest it only asks for one. Throws NotAvailable for IOTA before
-  /// anything is stored; RunTimeError 6 when a counter overflows (an earlier summary stays).
+  /// Takes the choices, makes the summary, opens the overlay dialog for CQ WPX, and closes unless the user
+  /// came back from there. Without a contest it only asks for one. When it throws (NotAvailable for IOTA,
+  /// RunTimeError) or the user came back, nothing was taken and earlier summaries stay.
   void cmdOK_Click();
   /// Presets contest, mode and band of a ZLO log from its title and the last scan.
   void search_zlo_no_zsm();
@@ -71,24 +71,35 @@ class SelectCont final : public Form {
   void Option7_Check();
 
  private:
+  /// What OK takes.
+  struct Draft {
+    EntryChoice entry;
+    ScanState scan;
+    std::string contest_name;  ///< the chosen row; empty: the contest is known already
+    std::string iota_class;
+    Precedence precedence = Precedence::unset;
+    bool guessed = false;  ///< the row is preset from the log's path alone
+  };
+
   void connect_events();
   void preset_contest();
   bool agrees_with_title(std::string_view row) const;
   void take_row();
+  void scan_log();
   void preset_options();
   void preset_precedence();
-  void select_scanned_options(int mode, int band);
+  void select_scanned_options(Mode mode, Band band);
   void select_power_of_log();
   void forget_power_of_log();
   bool has_contest() const;
+  SheetSteps take_contest();
+  void take_draft();
   void make_sheet(SheetSteps steps);
-  void show_category();
-  void finish();
+  void take_labels();
+  bool ask_for_overlay();
 
-  App& app_;
-  std::string title_before_;             ///< the contest as it was known when the dialog opened
-  bool guessed_ = false;                 ///< the row is preset from the log's path alone
-  std::optional<int> power_before_log_;  ///< the power chosen before the log's own was taken
+  Draft draft_;
+  std::optional<Power> power_before_log_;  ///< the power chosen before the log's own was taken
 };
 
 }  // namespace varnisto

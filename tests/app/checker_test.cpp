@@ -79,7 +79,7 @@ TEST(Check, CountsEveryFindingAndKeepsTheFirstThousand) {
 
 TEST(Check, ShowsAReportWithFindingsAndDeletesOneWithout) {
   StartedApp test;
-  test.app.state.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
+  test.app.state.log.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
   const CheckResult found = check_Cabrillo_sub(test.app);
   EXPECT_EQ(found.findings, std::vector<std::string>{"NAME: 項目が空白です。"});
   EXPECT_FALSE(test.folder.has("check_Cabrillo.txt"));
@@ -98,7 +98,7 @@ TEST(Check, NeverShowsAnEarlierReportForOneThatCouldNotBeWritten) {
   StartedApp test;
   const std::string report = test.folder.write("check_Cabrillo.txt", "of another log");
   std::filesystem::permissions(report, std::filesystem::perms{0444});
-  test.app.state.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
+  test.app.state.log.input.out_name = test.folder.write("out.cbr", "NAME:\r\n");
   const CheckResult found = check_Cabrillo_sub(test.app);
   test.app.outputs.commit();
   show_check_report(test.app, found);

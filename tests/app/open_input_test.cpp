@@ -17,42 +17,44 @@ const std::string summary_text = "CQWW DX Contest\r\nCategory: Single-op 7 MHz C
 TEST(Open, RecognisesTheKind) {
   struct Row {
     std::string name, bytes;
-    std::string in_kind, zsm_kind, zsm_use;  ///< zsm_use: name of the summary that is read
-    int refused;
+    InputKind in_kind;
+    bool has_zsm;
+    std::string zsm_use;  ///< name of the summary that is read
+    bool refused;
     std::string text;  ///< last text of the text box
   };
   for (const Row& row :
-       rows_of(Row{"a.ALL", log_text, "zlog_all", "zlog_all_zsm1", "a.zsm", 0, ""},
-               Row{"b.all", log_text, "zlog_all", "zlog_all_zsm0", "b_za2c.zsm", 0, ""},
-               Row{"c.txt", "mon day time\r\n", "", "", "", 1,
+       rows_of(Row{"a.ALL", log_text, InputKind::zlog_all, true, "a.zsm", false, ""},
+               Row{"b.all", log_text, InputKind::zlog_all, false, "b_za2c.zsm", false, ""},
+               Row{"c.txt", "mon day time\r\n", InputKind::none, false, "", true,
                    "Zlogw の txt 形式には未対応です\r\nZlogw の all 形式のﾌｧｲﾙにて実行して下さい。"},
-               Row{"c.TXT", "ccc \r\n", "", "", "", 1,
+               Row{"c.TXT", "ccc \r\n", InputKind::none, false, "", true,
                    "CCC の txt 形式ではありません。\r\n正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。"},
-               Row{"c.txt", "", "", "", "", 1,
+               Row{"c.txt", "", InputKind::none, false, "", true,
                    "CCC の txt 形式ではありません。\r\n正しい CCC の txt 形式のﾌｧｲﾙにて実行して下さい。"},
-               Row{"d.all", "zLog\r\n  \r\n", "zlog_all", "zlog_all_zsm0", "d_za2c.zsm", 1,
+               Row{"d.all", "zLog\r\n  \r\n", InputKind::zlog_all, false, "d_za2c.zsm", true,
                    std::string{no_qso_text}},
-               Row{"d.all", "zLog\r\n  \r\nQSO: 7000 CW 2025-11-29\r\n", "zlog_all", "zlog_all_zsm0",
-                   "d_za2c.zsm", 1, std::string{no_all_log_text}},
+               Row{"d.all", "zLog\r\n  \r\nQSO: 7000 CW 2025-11-29\r\n", InputKind::zlog_all, false,
+                   "d_za2c.zsm", true, std::string{no_all_log_text}},
                Row{"d.all",
                    "zLog\r\nx025/11/29\r\n202x/11/29\r\n2025/x1/29\r\n2025/1a/29\r\n2025/11/x9\r\n2025/11/"
                    "2\r\n202511/29\r\n",
-                   "zlog_all", "zlog_all_zsm0", "d_za2c.zsm", 1, std::string{no_all_log_text}},
-               Row{"e.xyz", "", "", "", "", 1,
+                   InputKind::zlog_all, false, "d_za2c.zsm", true, std::string{no_all_log_text}},
+               Row{"e.xyz", "", InputKind::none, false, "", true,
                    "対応していない形式のファイルです。\r\n*.all , *.zlo , *.txt , *.bin "
                    "のファイルを指定して下さい。"})) {
     SCOPED_TRACE(row.name);
     StartedApp test;
     test.work.write("a.zsm", summary_text);
-    test.desk.on_show = [&](FormName) { test.app.state.category.dialog_shown = true; };  // confirmed
+    test.desk.on_show = [&](FormName) { test.app.state.entry.dialog_shown = true; };  // confirmed
     const std::string path = test.work.write(row.name, row.bytes);
     run_action(test.app, [&] { test.open(path); });
-    const InputState& input = test.app.state.input;
+    const InputState& input = test.app.state.log.input;
     EXPECT_EQ(input.in_kind, row.in_kind);
-    EXPECT_EQ(input.zsm_kind, row.zsm_kind);
+    EXPECT_EQ(input.has_zsm, row.has_zsm);
     EXPECT_EQ(input.zsm_use_name, row.zsm_use.empty() ? "" : test.work.path() + row.zsm_use);
-    EXPECT_EQ(input.in_err_flag, row.refused);
-    EXPECT_EQ(test.app.main.kaishi.enabled, row.refused == 0);
+    EXPECT_EQ(input.opened, !row.refused);
+    EXPECT_EQ(test.app.main.kaishi.enabled, !row.refused);
     EXPECT_EQ(test.desk.texts.empty() ? "" : test.desk.texts.back(), row.text);
   }
 }
@@ -61,12 +63,11 @@ TEST(Open, ForgetsThePreviousLog) {
   StartedApp test;
   test.work.write("a.zsm", summary_text);
   test.open(test.work.write("a.all", log_text));
-  EXPECT_EQ(test.app.state.tally.total_score, 5);
-  test.app.state.category.overlay_cat = "ROOKIE";
+  EXPECT_EQ(test.app.state.log.tally.total_score, 5);
+  test.app.state.entry.overlay_cat = "ROOKIE";
   test.open(test.work.write("b.all", log_text));
-  EXPECT_EQ(test.app.state.tally.total_score, 0);
-  EXPECT_EQ(test.app.state.contest.contest_name + test.app.state.category.overlay_cat, "");
-  EXPECT_EQ(test.app.state.category.cat_mode, "MIXED");
+  EXPECT_EQ(test.app.state.log.tally.total_score, 0);
+  EXPECT_EQ(test.app.state.log.contest.contest_name + test.app.state.entry.overlay_cat, "");
 }
 
 TEST(Open, CancelKeepsTheNamesAndAsksInTheSettingsFolder) {
@@ -75,8 +76,8 @@ TEST(Open, CancelKeepsTheNamesAndAsksInTheSettingsFolder) {
   test.open(test.work.write("a.all", log_text));
   set_in_dir_Open_file(test.app, "　title", "filter|*.all|");
   EXPECT_EQ(test.desk.open_requests.at(0).title, "　logs/　title");
-  EXPECT_EQ(test.app.state.input.cbr_name, test.work.path() + "QX1ABC.cbr");
-  EXPECT_EQ(test.app.state.tally.total_score, 5);
+  EXPECT_EQ(test.app.state.log.input.cbr_name, test.work.path() + "QX1ABC.cbr");
+  EXPECT_EQ(test.app.state.log.tally.total_score, 5);
 }
 
 TEST(Open, TitlesOfTheSummaryCallForDialogs) {
@@ -90,7 +91,7 @@ TEST(Open, TitlesOfTheSummaryCallForDialogs) {
     test.work.write("a.zsm", replace_all(summary_text, "CQWW DX Contest", title));
     test.open(test.work.write("a.all", log_text));
     EXPECT_EQ(test.desk.forms, forms) << title;
-    EXPECT_EQ(test.app.main.lblPower.text, contains(title, "JIDX") ? "県No 10" : "");
+    EXPECT_EQ(test.app.state.log.labels.power, contains(title, "JIDX") ? "県No 10" : "");
   }
 }
 

@@ -26,8 +26,8 @@ TEST(Start, WithoutSettingsTriesTheLegacyFile) {
   std::filesystem::remove(test.folder.path() + "Varnisto.ini");
   test.folder.write_text("Varnisto.cfg", "ver 3.09\nCALLSIGN:QX2DEF\n");
   Main(test.app, test.folder.path());
-  EXPECT_EQ(test.app.state.program.cfg_missing, 1);
-  EXPECT_EQ(test.app.state.program.cfg_loaded, 1);
+  EXPECT_FALSE(test.app.state.program.ini_found);
+  EXPECT_TRUE(test.app.state.program.cfg_loaded);
   EXPECT_EQ(test.app.state.settings.mycall, "QX2DEF");
   EXPECT_EQ(test.app.state.settings.op_iota_island, "Honshu Island");
   EXPECT_EQ(test.app.state.program.this_year, "2025");
@@ -78,7 +78,7 @@ TEST_F(Run, LeavesTwoEqualLogsAndNoScratchFiles) {
   ASSERT_EQ(test.desk.boxes.size(), 1U);
   EXPECT_EQ(test.desk.boxes[0].title, "　　提 出 前 の 注 意 事 項");
   EXPECT_EQ(test.desk.hourglass_on, 0);
-  EXPECT_EQ(test.app.state.input.outputs,
+  EXPECT_EQ(test.app.state.log.input.outputs,
             (std::vector{work.path() + "QX1ABC.cbr", work.path() + "QX1ABC.log"}));
 }
 
@@ -100,7 +100,7 @@ void limit_file_size(rlim_t bytes) {
 
 TEST(AFailingStep, LeavesEveryEarlierFileAsItWas) {
   const auto nothing = [] {};
-  const auto utc = [](TestApp& test, const TempDir&) { test.app.main.Check6.checked = true; };
+  const auto utc = [](TestApp& test, const TempDir&) { test.app.state.settings.jst_to_utc_flag = true; };
   const auto folder = [](const char* name) {
     return [name](TestApp&, const TempDir& work) { std::filesystem::create_directory(work.path() + name); };
   };
@@ -133,7 +133,7 @@ TEST(AFailingStep, LeavesEveryEarlierFileAsItWas) {
     test.open(work.write("a.all", "zLog\r\n" + all_line({}) + "\r\n" + all_line({.time = time}) + "\r\n"));
     work.write("QX1ABC.cbr", "earlier");
     work.write("QX1ABC.cbr_2", "earlier");
-    test.app.main.Check3.checked = true;
+    test.app.state.settings.for_eqsl_flag = true;
     fault.plant(test, work);
     const auto before = work.files();
     const OtherUser no_root{{work.path(), test.folder.path()}};
@@ -156,14 +156,13 @@ TEST_F(Run, AProgramFolderThatCannotBeWrittenCostsANotice) {
 
 TEST_F(Run, OfJidxShowsItsNoticeUnlessSwitchedOff) {
   for (const bool off : {false, true}) {
-    test.app.state.contest.contest_name = "JIDX Contest";
+    test.app.state.log.contest.contest_name = "JIDX Contest";
     test.app.state.settings.jidx_no_disp_flag = off ? 1 : 0;
     test.desk.boxes.clear();
     kaishi_Click(test.app);
     EXPECT_EQ(test.desk.boxes.size(), off ? 1U : 2U);
   }
-  EXPECT_EQ(test.app.main.lblShori.text, "処理終了");
-  EXPECT_EQ(test.app.main.lblShori.color, Color::blue);
+  EXPECT_EQ(test.app.state.display.progress, Progress::done);
 }
 
 TEST(Action, AnErrorTellsWhatToDo) {
@@ -217,7 +216,7 @@ TEST(Action, ARefusalSwitchesTheStartButtonOff) {
   test.app.desk.hourglass(true);
   EXPECT_EQ(run_action(test.app, [] { throw Refusal("no"); }).kind, ActionResult::refused);
   EXPECT_FALSE(test.app.main.kaishi.enabled);
-  EXPECT_EQ(test.app.state.input.in_err_flag, 1);
+  EXPECT_FALSE(test.app.state.log.input.opened);
   EXPECT_EQ(test.desk.texts, std::vector<std::string>{"no"});
   EXPECT_EQ(test.desk.hourglass_on, 0);
 }
@@ -249,7 +248,7 @@ std::string notes_of(TestApp& test, const std::string& log_name, const std::stri
   test.open(test.work.write(log_name, "zLog\r\n" + lines));
   const ActionResult result = run_action(test.app, [&] { kaishi_Click(test.app); });
   std::string text = result.kind == ActionResult::done ? "" : result.text;
-  for (const Note& note : test.app.state.notes.all())
+  for (const Note& note : test.app.state.log.notes.all())
     text.append(text.empty() ? "" : " ").append(note_name(note.kind)) +=
         "/" + std::to_string(note.count) + "/" + std::to_string(note.line);
   return text;
@@ -281,8 +280,8 @@ TEST(Notes, TellWhatTheLinesDoNotSay) {
     if (!multi && !row.setting.empty()) test.set(row.setting, "1");
     test.start();
     EXPECT_EQ(notes_of(test, row.log, multi ? "Multi-Two" : "Single-op", row.lines), row.notes);
-    for (const Note& note : test.app.state.notes.all())
-      EXPECT_TRUE(contains(test.app.main.Text1.text, note_text(note)) || contains(row.notes, no_qso_text));
+    for (const Note& note : test.app.state.log.notes.all())
+      EXPECT_TRUE(contains(test.app.state.display.text, note_text(note)) || contains(row.notes, no_qso_text));
   }
 }
 

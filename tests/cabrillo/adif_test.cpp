@@ -95,7 +95,6 @@ TEST(EqslFiles, ComeOutAsExpectedAndReadBack) {
     expected.copy_from(source_dir("tests/data/eqsl") / name);
     const std::string adif = test.work.read("QX1ABC.adi");
     EXPECT_EQ(adif, expected.read("QX1ABC.adi"));
-    EXPECT_TRUE(test.app.main.mnuDisp2_out2.enabled);
 
     std::istringstream log{test.work.read("QX1ABC.cbr")};
     const std::vector<Record> records = read_adif(adif);

@@ -20,9 +20,9 @@ TEST(Title, BecomesACode) {
     TestApp test;
     test.folder.write_text("contest_name.cfg", "Perry,FIRST,x\nStew Perry,STEW-PERRY,x\nCQ,CQ-LIST,x\n");
     test.app.state.program.app_dir = test.folder.path();
-    test.app.state.contest.cont_id = title;
+    test.app.state.log.contest.cont_id = title;
     map_title_to_code(test.app);
-    EXPECT_EQ(test.app.state.contest.cont_id, code);
+    EXPECT_EQ(test.app.state.log.contest.cont_id, code);
   }
 }
 
@@ -30,9 +30,9 @@ TEST(CategoryCode, TakesTheModeInTwoContests) {
   for (const auto& [code, taken] :
        texts_of<2>("WAEDC-|WAEDC-CW", "CQ-160|CQ-160-CW", "ARRL-DX|ARRL-DX", "CQ-WW|CQ-WW")) {
     TestApp test;
-    test.app.state.contest.cont_id = code;
+    test.app.state.log.contest.cont_id = code;
     apply_texts(test.app, {"SINGLE-OP ", "7", "40M ", "LOW", "CW "});
-    EXPECT_EQ(test.app.state.contest.cont_id, taken);
+    EXPECT_EQ(test.app.state.log.contest.cont_id, taken);
   }
 }
 
@@ -57,35 +57,34 @@ TEST(Score, IsAWholeNumberWithCommas) {
 }
 
 TEST(Summary, SetsTheCategoryValues) {
-  for (const auto& [category, cat_operator, assisted, band, mode, contest, summary] : texts_of<7>(
-           "Single-op 28 MHz Ph|SINGLE-OP|NON-ASSISTED|10M|SSB|CQ-WPX-SSB |Single-op 10M LOW",
-           "Single-op All Band Mixed|SINGLE-OP|NON-ASSISTED|ALL|MIXED|CQ-WPX-|Single-op ALL LOW",
-           "Single-op Assisted 7 MHz CW|SINGLE-OP|ASSISTED|40M|CW|CQ-WPX-CW |Single-op-Assisted 40M LOW",
-           "Multi-Two 1.9 MHz RTTY|MULTI-OP|NON-ASSISTED|160M|RTY|CQ-WPX-RTY |Multi-Two 160M LOW",
-           "Multi-op 50 MHz FM|SINGLE-OP|NON-ASSISTED|50M|MIXED|CQ-WPX-|Multi-op 50M LOW")) {
+  for (const auto& [category, op, band, mode, contest, summary] : texts_of<6>(
+           "Single-op 28 MHz Ph|SINGLE-OP|10M|SSB|CQ-WPX-SSB |Single-op 10M LOW",
+           "Single-op All Band Mixed|SINGLE-OP|ALL|MIXED|CQ-WPX-|Single-op ALL LOW",
+           "Single-op Assisted 7 MHz CW|SINGLE-OP-ASSISTED|40M|CW|CQ-WPX-CW |Single-op-Assisted 40M LOW",
+           "Multi-Two 1.9 MHz RTTY|MULTI-TWO|160M|RTY|CQ-WPX-RTY |Multi-Two 160M LOW",
+           "Single-op 29 MHz SSB|SINGLE-OP|10M|SSB|CQ-WPX-SSB |Single-op 10M LOW",
+           "Multi-op 50 MHz FM|SINGLE-OP|50M|MIXED|CQ-WPX-|Multi-op 50M LOW")) {
     SCOPED_TRACE(category);
     StartedApp test;
     App& app = test.app;
-    app.state.category.cat_mode = "MIXED";
     read_summary(app, TextReader::from_bytes("CQ WPX Contest \r\nCall sign: QX9\r\nCategory: " + category +
                                              "\r\nTotal score : 123 = 4 x 5\r\nTotal : 9\r\n"));
     sep_space_cbr(app);
-    const CategoryState& read = app.state.category;
-    EXPECT_EQ(read.cat_operator, cat_operator);
-    EXPECT_EQ(read.cat_assisted, assisted);
+    const CategoryState& read = app.state.log.category;
+    EXPECT_EQ(names_of(app.state.entry.op).name, op);
     EXPECT_EQ(read.cat_band, band);
-    EXPECT_EQ(read.cat_mode, mode);
+    EXPECT_EQ(names_of(app.state.entry.mode).cat_mode, mode);
     EXPECT_EQ(read.cat_text, category);
-    EXPECT_EQ(app.state.contest.contest, contest);
+    EXPECT_EQ(app.state.log.contest.contest, contest);
     EXPECT_EQ(read.cat_summary, summary);
-    EXPECT_EQ(app.state.contest.contest_line, "CQ WPX Contest");
-    EXPECT_EQ(app.state.tally.total_score, 123);
+    EXPECT_EQ(app.state.log.contest.contest_line, "CQ WPX Contest");
+    EXPECT_EQ(app.state.log.tally.total_score, 123);
   }
 }
 
 TEST(Summary, WithFewerThanFourCategoryWordsEndsTheProgramAfterAMessage) {
   StartedApp test;
-  test.app.state.input.zsm_use_name = "x.zsm";
+  test.app.state.log.input.zsm_use_name = "x.zsm";
   EXPECT_THROW(read_summary(test.app, TextReader::from_bytes("T\nCategory: Single-op 7 MHz\n")), ProgramEnd);
   ASSERT_EQ(test.desk.boxes.size(), 1U);
   EXPECT_EQ(test.desk.boxes[0].title, "　　Category 項目数が足りません。");

@@ -22,33 +22,42 @@ TEST(Header, LineIsWrittenWhenItsConditionHolds) {
     std::string holds, lacks;
   };
   for (const Row& row :
-       rows_of(Row{"assisted", [](State& s) { s.category.operator_cat = "SINGLE-OP-ASSISTED"; },
+       rows_of(Row{"assisted", [](State& s) { s.entry.op = Operator::single_op_assisted; },
                    "CATEGORY-ASSISTED: ASSISTED\n", "NON-"},
-               Row{"mixed_case_assisted",
+               Row{"assisted_of_a_zlo_log",
                    [](State& s) {
-                     s.category.operator_cat = "Single-op-Assisted";
-                     s.category.cat_summary = "SINGLE-OP-ASSISTED ALL LOW";
+                     s.entry.op = Operator::single_op_assisted;
+                     s.log.input.in_kind = InputKind::zlog_zlo;
+                     s.log.category.cat_summary = "SINGLE-OP-ASSISTED ALL LOW";
                    },
                    "CATEGORY-STATION: ", "CATEGORY-ASSISTED"},
                Row{"single_op_transmitter",
                    [](State& s) {
-                     s.category.cat_transmitter = "TWO";
-                     s.category.transmitter_chosen = true;
+                     s.entry.transmitter = Transmitter::two;
+                     s.entry.transmitter_chosen = true;
                    },
                    "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
                Row{"multi_op_transmitter",
                    [](State& s) {
-                     s.category.cat_operator = "MULTI-OP";
-                     s.category.cat_transmitter = "TWO";
-                     s.category.transmitter_chosen = true;
+                     s.entry.op = Operator::multi_one;
+                     s.entry.transmitter = Transmitter::two;
+                     s.entry.transmitter_chosen = true;
                    },
                    "CATEGORY-TRANSMITTER: TWO\n", "ONE"},
                Row{"multi_op_without_choice",
                    [](State& s) {
-                     s.category.cat_operator = "MULTI-OP";
-                     s.category.cat_transmitter = "TWO";
+                     s.entry.op = Operator::multi_one;
+                     s.entry.transmitter = Transmitter::two;
                    },
                    "CATEGORY-TRANSMITTER: ONE\n", "TWO"},
+               Row{"school_club_of_the_main_window", [](State& s) { s.entry.op = Operator::school_club; },
+                   "CATEGORY-OPERATOR: MULTI-OP\n", "SCHOOL"},
+               Row{"school_club_of_the_dialog",
+                   [](State& s) {
+                     s.entry.op = Operator::school_club;
+                     s.entry.op_from_dialog = true;
+                   },
+                   "CATEGORY-OPERATOR: SCHOOL-CLUB\n", "MULTI"},
                Row{"soapbox",
                    [](State& s) {
                      s.settings.comments_2 = "two";
@@ -57,7 +66,7 @@ TEST(Header, LineIsWrittenWhenItsConditionHolds) {
                    "ADDRESS: Japan\nSOAPBOX: two\nSOAPBOX: five\n", "SOAPBOX: \n"})) {
     SCOPED_TRACE(row.name);
     StartedApp test;
-    test.app.state.contest.contest = "CQ-WW-CW";
+    test.app.state.log.contest.contest = "CQ-WW-CW";
     row.prepare(test.app.state);
     Lines lines;
     put_cbr_header(test.app, lines);

@@ -55,7 +55,7 @@ TEST(ConvJ2U, ConvertsTheFileThatWasWrittenAndNothingElse) {
   for (const std::string row : {"QX1ABC.cbr", "QX1ABC-7L.log"}) {
     SCOPED_TRACE(row);
     TestApp test;
-    std::string& out_name = test.app.state.input.out_name;
+    std::string& out_name = test.app.state.log.input.out_name;
     out_name = test.work.write_text(row,
                                     "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
                                     "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
@@ -77,7 +77,7 @@ TEST(ConvJ2UBadDate, NamesTheLineAndLeavesTheLog) {
   const std::string text =
       "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
       "QSO: 14025 CW 2003-02-30 0500 QX1ABC\n";
-  test.app.state.input.out_name = test.work.write_text("QX1ABC.cbr", text);
+  test.app.state.log.input.out_name = test.work.write_text("QX1ABC.cbr", text);
   try {
     conv_J2U(test.app);
     FAIL() << "a date that is none was taken";

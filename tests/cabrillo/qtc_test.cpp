@@ -85,9 +85,8 @@ TEST(WaedcRuns, GiveMergedLogAndQtcLog) {
     auto files = expected.files();
     files.merge(inputs);
     EXPECT_EQ(test.work.files(), files);
-    EXPECT_TRUE(test.app.main.mnuDisp2_Qtc.enabled);
-    EXPECT_EQ(test.app.state.input.qsos_written, 60);
-    EXPECT_EQ(test.app.state.input.outputs,
+    EXPECT_EQ(test.app.state.log.input.qsos_written, 60);
+    EXPECT_EQ(test.app.state.log.input.outputs,
               (std::vector<std::string>{test.work.path() + "QX1ABC.cbr", test.work.path() + "QX1ABC.qlg",
                                         test.work.path() + "QX1ABC.log"}));
     EXPECT_TRUE(std::filesystem::is_empty(test.app.tmp_dir.path()));
@@ -180,7 +179,6 @@ TEST(Waedc, LogOfAnotherLoggerKeepsTheWritersLinesAndGetsNoQtcLog) {
   run_waedc(test, test.work,
             "Date       Time\n" + all_line({.memo = "[QTC1/2 QX9EUR 2025-11-29 0100]"}) + "\n");
   EXPECT_FALSE(test.work.has("QX1ABC.qlg"));
-  EXPECT_FALSE(test.app.main.mnuDisp2_Qtc.enabled);
   EXPECT_EQ(lines_beginning(test.work.read_text("QX1ABC.cbr"), "QTC:"), "");
 }
 

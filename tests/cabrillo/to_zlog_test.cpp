@@ -82,8 +82,7 @@ TEST(ToZlogRun, BringsEveryQsoOfALogBack) {
 
   EXPECT_FALSE(test.work.has("QX1ABC_c2z.txt2"));
   EXPECT_TRUE(test.app.main.kaishi.enabled);
-  EXPECT_EQ(test.app.main.lblShori.text, "処理終了");
-  EXPECT_EQ(test.app.main.lblShori.color, Color::blue);
+  EXPECT_EQ(test.app.state.display.progress, Progress::done);
 }
 
 TEST(ToZlogRun, TakesQsoLinesOnly) {

@@ -58,7 +58,7 @@ class AssistedList : public Lists, public testing::WithParamInterface<AssistedCa
 
 TEST_P(AssistedList, FirstEntryOfAContestDecides) {
   EXPECT_EQ(read("category-assisted.txt", GetParam().text, read_category_assisted), GetParam().error);
-  app.state.contest.contest = "CQ-WW-SSB ";
+  app.state.log.contest.contest = "CQ-WW-SSB ";
   EXPECT_EQ(assisted_flag(app), GetParam().flag);
 }
 
@@ -75,10 +75,10 @@ TEST_F(Lists, ContestNamesAreReadInFileOrderUpToFifty) {
   std::string text;
   for (int i = 0; i < 50; ++i) text += "T" + std::to_string(i) + ",C,N\n";
   EXPECT_EQ(read("contest_name.cfg", text, read_contest_name), 0);
-  EXPECT_EQ(app.state.contest.contest_names.size(), 50U);
+  EXPECT_EQ(app.state.lists.contest_names.size(), 50U);
   EXPECT_EQ(read("contest_name.cfg", text + "T50,C,N\n", read_contest_name), 9);
   EXPECT_EQ(read("contest_name.cfg", "A,B,C\nD,E", read_contest_name), 62);
-  EXPECT_EQ(app.state.contest.contest_names.size(), 1U);
+  EXPECT_EQ(app.state.lists.contest_names.size(), 1U);
 }
 
 TEST_F(Lists, AMissingListNamesItsFile) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/cp932.h"
-#include "core/main_options.h"
+#include "core/entry.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 
@@ -53,38 +53,31 @@ TEST(Names, CallSignWithStrokeMakesNoFolder) {
 TEST(Options, AreRestoredWithTheEffectsOfAClick) {
   struct Row {
     std::string power_sel, operator_sel;
-    std::string power, cat_operator, assisted, station, transmitter;
-    int multi_tx;
+    std::string power, cat_operator, station, transmitter;
+    bool multi_tx;
   };
-  for (const Row& row : rows_of(Row{"0", "0", "HIGH", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
-                                Row{" 2", "1", "QRP", "SINGLE-OP", "ASSISTED", "FIXED", "ONE", 0},
-                                Row{"", "", "LOW", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
-                                Row{"3", "7", "LOW", "SINGLE-OP", "NON-ASSISTED", "FIXED", "ONE", 0},
-                                Row{"x", "2", "LOW", "MULTI-OP", "", "SCHOOL", "UNLIMITED", 0},
-                                Row{"1", "3", "LOW", "MULTI-OP", "", "FIXED", "ONE", 0},
-                                Row{"1", "4", "LOW", "MULTI-OP", "", "FIXED", "TWO", 1},
-                                Row{"1", "5", "LOW", "MULTI-OP", "", "FIXED", "UNLIMITED", 1},
-                                Row{"1", "6", "LOW", "CHECKLOG", "", "FIXED", "UNLIMITED", 0})) {
+  for (const Row& row : rows_of(Row{"0", "0", "HIGH", "SINGLE-OP", "FIXED", "ONE", false},
+                                Row{" 2", "1", "QRP", "SINGLE-OP", "FIXED", "ONE", false},
+                                Row{"", "", "LOW", "SINGLE-OP", "FIXED", "ONE", false},
+                                Row{"3", "7", "LOW", "SINGLE-OP", "FIXED", "ONE", false},
+                                Row{"x", "2", "LOW", "MULTI-OP", "SCHOOL", "UNLIMITED", false},
+                                Row{"1", "3", "LOW", "MULTI-OP", "FIXED", "ONE", false},
+                                Row{"1", "4", "LOW", "MULTI-OP", "FIXED", "TWO", true},
+                                Row{"1", "5", "LOW", "MULTI-OP", "FIXED", "UNLIMITED", true},
+                                Row{"1", "6", "LOW", "CHECKLOG", "FIXED", "UNLIMITED", false})) {
     SCOPED_TRACE(row.power_sel);
     TestApp test;
     Settings& settings = test.app.state.settings;
     settings.power_sel = row.power_sel;
     settings.operator_sel = row.operator_sel;
-    settings.get_freq_flag = "1";
-    settings.tenki_flag = "2";
-    const CategoryState& category = test.app.state.category;
     restore_options(test.app);
-    EXPECT_EQ(category.power_cat, row.power);
-    EXPECT_EQ(category.cat_operator, row.cat_operator);
-    EXPECT_EQ(category.cat_assisted, row.assisted);
-    EXPECT_EQ(category.cat_station, row.station);
-    EXPECT_EQ(category.cat_transmitter, row.transmitter);
-    EXPECT_EQ(category.multi_tx, row.multi_tx);
-    EXPECT_TRUE(test.app.main.Check4.checked);
-    EXPECT_FALSE(test.app.main.Check7.checked);
-    test.app.main.Check9.checked = true;
-    save_options(test.app);
-    EXPECT_EQ(settings.get_freq_flag + settings.tenki_flag + settings.e_mail_subject_flag, "101");
+    const EntryChoice& entry = test.app.state.entry;
+    EXPECT_EQ(name_of(entry.power), row.power);
+    EXPECT_EQ(cat_operator_of(entry), row.cat_operator);
+    EXPECT_EQ(name_of(entry.station), row.station);
+    EXPECT_EQ(name_of(entry.transmitter), row.transmitter);
+    EXPECT_EQ(names_of(entry.op).multi_tx, row.multi_tx);
+    EXPECT_EQ(settings.power_sel + settings.operator_sel, row.power_sel + row.operator_sel);
   }
 }
 

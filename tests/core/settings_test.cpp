@@ -99,17 +99,16 @@ TEST_F(SettingsFile, OnlyACurrentOneIsWrittenAlong) {
 }
 
 TEST_F(SettingsFile, NamesTheRequiredKeysThatAreBlank) {
-  app.main.Check1.checked = true;
-  EXPECT_EQ(missing_settings(app), (std::vector<std::string>{"NAME", "CALLSIGN", "ADDRESS1", "OPERATORS",
-                                                             "JIDX_No", "e_mail", "Set_in_dir", "dir_pad"}));
-  app.main.Check1.checked = false;
+  EXPECT_EQ(missing_settings(settings, true),
+            (std::vector<std::string>{"NAME", "CALLSIGN", "ADDRESS1", "OPERATORS", "JIDX_No", "e_mail",
+                                      "Set_in_dir", "dir_pad"}));
   read_settings(app);
-  EXPECT_TRUE(missing_settings(app).empty());
+  EXPECT_TRUE(missing_settings(settings, false).empty());
 }
 
 struct LegacyCase {
   std::string line;
-  std::string Settings::*member;
+  std::string key;
   std::string expected;
 };
 
@@ -117,28 +116,28 @@ class LegacyFile : public SettingsFile, public testing::WithParamInterface<Legac
 
 TEST_P(LegacyFile, TakesWhatALineSays) {
   write_legacy(GetParam().line);
-  read_Varnisto_cfg(app);
-  EXPECT_EQ(settings.*GetParam().member, GetParam().expected);
+  read_Varnisto_cfg(app, app.state.settings);
+  const auto* const key = std::ranges::find(setting_keys(), GetParam().key, &SettingKey::key).base();
+  EXPECT_EQ(key->key == "version" ? settings.ini_version : setting_value(settings, *key),
+            GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Lines, LegacyFile,
-    testing::Values(LegacyCase{"ver 0.92 of the program", &Settings::ini_version, "0.92 of t"},
-                    LegacyCase{"CALLSIGN: QX1ABC ", &Settings::mycall, "QX1ABC"},
-                    LegacyCase{"CALLSIGN: QX1ABC ", &Settings::mycall14, "QX1ABC        "},
-                    LegacyCase{"freq19_to_18flag:1", &Settings::freq19_to_18_flag, "1"},
-                    LegacyCase{"freq19_to_18_flag:1", &Settings::freq19_to_18_flag, ""},
-                    LegacyCase{"ADDRESS1:5 Rivertown", &Settings::address1, "5 Rivertown"},
-                    LegacyCase{"ADDRESS1:5 Rivertown", &Settings::ini_version, "town"},
-                    LegacyCase{"NAME:A NAME: B", &Settings::my_name, "A  B"},
-                    LegacyCase{"NAME:CLUB: x", &Settings::club, "NAME: x"},
-                    LegacyCase{"eQSLcom:TNX 表", &Settings::eqslcom, "TNX 表"}));
+INSTANTIATE_TEST_SUITE_P(Lines, LegacyFile,
+                         testing::Values(LegacyCase{"ver 0.92 of the program", "version", "0.92 of t"},
+                                         LegacyCase{"CALLSIGN: QX1ABC ", "CALLSIGN", "QX1ABC"},
+                                         LegacyCase{"freq19_to_18flag: 1", "freq19_to_18_flag", "1"},
+                                         LegacyCase{"freq19_to_18_flag:1", "freq19_to_18_flag", "0"},
+                                         LegacyCase{"ADDRESS1:5 Rivertown", "ADDRESS1", "5 Rivertown"},
+                                         LegacyCase{"ADDRESS1:5 Rivertown", "version", "town"},
+                                         LegacyCase{"NAME:A NAME: B", "NAME", "A  B"},
+                                         LegacyCase{"NAME:CLUB: x", "CLUB", "NAME: x"},
+                                         LegacyCase{"eQSLcom:TNX 表", "eQSLcom", "TNX 表"}));
 
 TEST_F(SettingsFile, AnEmptyLegacyFileIsAnError) {
   write_legacy("");
-  EXPECT_EQ(error_of([&] { read_Varnisto_cfg(app); }), 62);
+  EXPECT_EQ(error_of([&] { read_Varnisto_cfg(app, app.state.settings); }), 62);
   write_legacy("JIDX_no_Disp_flag:1");
-  read_Varnisto_cfg(app);
+  read_Varnisto_cfg(app, app.state.settings);
   EXPECT_EQ(settings.jidx_no_disp_flag, 1);
 }
 

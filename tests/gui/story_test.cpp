@@ -155,8 +155,8 @@ TEST(Windows, HaveAWidgetForEveryControl) {
     ReadyProgram ready;
     GuiProgram& program = ready.program;
     EXPECT_EQ(program.desk().views().front()->binder().unbound(), std::vector<std::string>{});
-    program.app().state.contest.cont_id = "CQ-WPX";
-    program.app().state.input.in_name = (source_dir("examples") / "cqww-cw" / "QX1ABC.ALL").string();
+    program.app().state.log.contest.cont_id = "CQ-WPX";
+    program.app().state.log.input.in_name = (source_dir("examples") / "cqww-cw" / "QX1ABC.ALL").string();
     const Window window = make_window(row, program.app(), &program.window(), {});
     const Binder binder{*window.widget, *window.form, {}};
     EXPECT_EQ(binder.unbound(), std::vector<std::string>{});

@@ -36,7 +36,8 @@ void choose_entry(Form& form, const std::string& text) {
 }
 
 void play_select_cont(App& app, const Choice& choice) {
-  SelectCont form{app};
+  select_cont form{app};
+  form.Form_Load();
   choose_entry(form, choice.contest);
   choose(form, "Option3", choice.op);
   choose(form, "Option1", choice.power);
@@ -45,7 +46,8 @@ void play_select_cont(App& app, const Choice& choice) {
 }
 
 void play_overlay(App& app, const Choice& choice) {
-  FrmOverlay form{app};
+  frmOVERLAY form{app};
+  form.Form_Load();
   if (!choice.overlay.empty()) {
     choose(form, "Option1", 1);
     choose_entry(form, choice.overlay);
@@ -84,7 +86,7 @@ class NoSummary : public testing::TestWithParam<Family> {
 
 /// The steps behind the writer are left out for WAEDC: its QTC steps have tests of their own.
 void convert(TestApp& test) {
-  if (test.app.state.contest.cont_id == "WAEDC")
+  if (test.app.state.log.contest.cont_id == "WAEDC")
     zlog_all_za2c_print(test.app), test.app.outputs.commit();
   else
     kaishi_Click(test.app);
@@ -109,13 +111,14 @@ TEST_P(NoSummary, ASecondRunGivesTheSameFiles) {
 }
 
 TEST_P(NoSummary, TheSheetReadsBackAsWritten) {
-  const State before = test.app.state;
+  const Operator op = test.app.state.entry.op;
+  const LogState before = test.app.state.log;
   read_zlog_zsm(test.app);
-  const State& after = test.app.state;
+  const LogState& after = test.app.state.log;
   EXPECT_EQ(after.contest.contest_name, GetParam().choice.contest);
   EXPECT_EQ(after.tally.total_score, before.tally.total_score);
   EXPECT_EQ(after.category.cat_text, before.category.zsm_category);
-  EXPECT_EQ(after.category.operator_cat, before.category.operator_cat);
+  EXPECT_EQ(test.app.state.entry.op, op);
   EXPECT_EQ(after.category.cat_band, before.category.cat_band);
 }
 
@@ -170,9 +173,9 @@ TEST(Sheet, NeverReplacesTheLoggersOwnSummary) {
   test.open(test.work.path() + "log.ALL");
   EXPECT_EQ(test.work.read_text("log.zsm"), summary);
   EXPECT_TRUE(test.work.has("log_za2c.zsm"));
-  EXPECT_EQ(test.app.state.input.zsm_use_name, test.work.path() + "log_za2c.zsm");
-  EXPECT_EQ(test.app.state.input.outputs, std::vector{test.work.path() + "log_za2c.zsm"});
-  EXPECT_EQ(test.app.state.contest.select_from, "za2c_zsm");
+  EXPECT_EQ(test.app.state.log.input.zsm_use_name, test.work.path() + "log_za2c.zsm");
+  EXPECT_EQ(test.app.state.log.input.outputs, std::vector{test.work.path() + "log_za2c.zsm"});
+  EXPECT_EQ(test.app.state.log.contest.select_from, SelectFrom::za2c_zsm);
 }
 
 TEST(Sheet, APowerChosenInTheDialogHoldsAgainstTheLogs) {
@@ -183,7 +186,7 @@ TEST(Sheet, APowerChosenInTheDialogHoldsAgainstTheLogs) {
   test.open(test.work.path() + "dx2025.ALL");
   kaishi_Click(test.app);
   EXPECT_NE(test.work.read_text("QX1ABC.log").find("CATEGORY-POWER: HIGH\n"), std::string::npos);
-  EXPECT_EQ(test.app.main.Option1.selected, 0);
+  EXPECT_EQ(test.app.state.entry.power, Power::high);
 }
 
 TEST(Sheet, IotaIsRefusedBeforeAnythingIsWritten) {

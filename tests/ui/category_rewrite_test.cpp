@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/events.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/main_window.h"
@@ -34,12 +35,12 @@ TEST(CategoryRewriteButton, ReplacesTheLoggersSummaryAndLeavesNoScratchFile) {
   test.start();
   MainWindow window{test.app};
   test.open(test.work.path() + "QX1ABC.ALL");
-  const std::string zsm = test.app.state.input.zsm_use_name.substr(test.work.path().size());
+  const std::string zsm = test.app.state.log.input.zsm_use_name.substr(test.work.path().size());
   const std::string before = test.work.read_text(zsm);
-  const std::string old_line = "Category: " + test.app.state.category.cat_text;
+  const std::string old_line = "Category: " + test.app.state.log.category.cat_text;
   ASSERT_NE(before.find(old_line), std::string::npos);
-  window.click("Option3", 4);
-  window.click("cmdRe_write_zlog_zsm");
+  click_in(test.app, window, "Option3", 4);
+  click_in(test.app, window, "cmdRe_write_zlog_zsm");
 
   const std::string old_operator = old_line.substr(10, old_line.find(' ', 10) - 10);
   std::string expected = before;

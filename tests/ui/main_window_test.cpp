@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "app/action.h"
 #include "app/start_up.h"
 #include "base/text.h"
 #include "core/settings.h"
+#include "support/events.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/recent_files.h"
@@ -20,9 +20,12 @@ struct OpenWindow {
   OpenWindow() {
     work.copy_from(source_dir("examples/cqww-cw"));
     Main(test.app, test.folder.path());
-    window.load();
+    window.Form_Load();
   }
-  void open() { window.open_dropped_file(log()); }
+  void open() {
+    hand_in(test.app, window, [&] { window.open_dropped_file(log()); });
+  }
+  void click(std::string_view name, int index = 0) { click_in(test.app, window, name, index); }
   std::string log() const { return work.path() + "QX1ABC.ALL"; }
 
   TestApp test;
@@ -34,17 +37,15 @@ struct OpenWindow {
 class MainWindowTest : public testing::Test, protected OpenWindow {};
 
 TEST_F(MainWindowTest, WindowOperatorAndPowerClicksReachTheCategoryAndTheSettingsFile) {
-  state.category.cat_summary = "ALL LOW";
-  window.click("Option1", 2);
-  EXPECT_EQ(state.category.cat_summary, "ALL QRP");
-  window.click("Option1", 0);
-  EXPECT_EQ(state.category.cat_summary, "ALL HIGH");
-  window.click("Option3", 4);
-  EXPECT_EQ(state.category.cat_transmitter, "TWO");
-  EXPECT_EQ(state.category.multi_tx, 1);
-  window.click("Option3", 0);
-  EXPECT_EQ(state.category.cat_transmitter, "ONE");
-  EXPECT_EQ(state.category.multi_tx, 0);
+  state.log.category.cat_summary = "ALL LOW";
+  click("Option1", 2);
+  EXPECT_EQ(state.log.category.cat_summary, "ALL QRP");
+  click("Option1", 0);
+  EXPECT_EQ(state.log.category.cat_summary, "ALL HIGH");
+  click("Option3", 4);
+  EXPECT_EQ(state.entry.transmitter, Transmitter::two);
+  click("Option3", 0);
+  EXPECT_EQ(state.entry.transmitter, Transmitter::one);
   EXPECT_EQ(main.Option3.options[0].color, Color::blue);
   EXPECT_EQ(main.Option3.options[4].color, Color::black);
   const std::string ini = test.folder.read_text("Varnisto.ini");
@@ -55,7 +56,7 @@ TEST_F(MainWindowTest, WindowOperatorAndPowerClicksReachTheCategoryAndTheSetting
 TEST(CheckBoxFlag, FollowsTheBox) {
   struct Row {
     std::string box;
-    std::string Settings::*flag;
+    bool Settings::*flag;
   };
   for (const Row& row :
        rows_of(Row{"Check2", &Settings::mode_2_rtty_flag}, Row{"Check3", &Settings::for_eqsl_flag},
@@ -64,16 +65,15 @@ TEST(CheckBoxFlag, FollowsTheBox) {
                Row{"Check8", &Settings::add_qtc_flag}, Row{"Check9", &Settings::e_mail_subject_flag})) {
     SCOPED_TRACE(row.box);
     OpenWindow open;
-    open.main.lblShori.text = "処理終了";
+    open.state.display.progress = Progress::done;
     CheckBox& box = *open.window.find<CheckBox>(row.box);
-    const Settings before = open.state.settings;
     box.checked = true;
-    open.window.click(row.box);
-    EXPECT_EQ(open.state.settings.*row.flag, "1");
+    open.click(row.box);
+    EXPECT_TRUE(open.state.settings.*row.flag);
     EXPECT_EQ(open.main.lblShori.text, "");
     box.checked = false;
-    open.window.click(row.box);
-    EXPECT_EQ(open.state.settings.*row.flag, "0");
+    open.click(row.box);
+    EXPECT_FALSE(open.state.settings.*row.flag);
   }
 }
 
@@ -82,39 +82,30 @@ TEST_F(MainWindowTest, EditorOpensTheOutputAndKeepsWhatADialogChose) {
   test.set("dir_pad", editor);
   read_settings(test.app);
   open();
-  state.category.cat_station = "PORTABLE";
-  window.click("mnu_mc");
-  window.click("mnu_email_add");
+  state.entry.station = Station::portable;
+  click("mnu_mc");
+  click("mnu_email_add");
   EXPECT_EQ(test.launcher.started,
             (std::vector<std::string>{"editor " + editor + " " + work.path() + "QX1ABC.cbr",
                                       "editor " + editor + " " + test.folder.path() + "e_mail_add.cfg"}));
   EXPECT_EQ(main.lblShori.text, "編集終了");
-  EXPECT_EQ(state.category.cat_station, "PORTABLE");
+  EXPECT_EQ(state.entry.station, Station::portable);
 }
 
 TEST_F(MainWindowTest, ReSelectShowsTheDialogAndTakesTheContestNameForAnEmptyLine) {
   open();
   test.desk.forms.clear();
-  state.contest.contest_line.clear();
-  bool confirmed = false;
+  state.log.contest.contest_line.clear();
   test.desk.on_show = [&](FormName) {
-    state.contest.contest_name = "IOTA Contest";
-    state.category.dialog_shown = confirmed;
+    state.log.contest.contest_name = "IOTA Contest";
+    state.entry.dialog_shown = state.display.dialog_confirmed = true;
   };
-  window.click("cmdReSelect");
+  click("cmdReSelect");
   EXPECT_EQ(test.desk.forms, std::vector{FormName::select_cont});
-  EXPECT_EQ(state.contest.contest_name, "CQWW DX Contest 2025");  // left without OK
-  state.contest.contest_line.clear();
-  confirmed = true;
-  window.click("cmdReSelect");
-  EXPECT_EQ(state.contest.select_caller, "za2c_zsm");
-  EXPECT_EQ(state.contest.contest_line, "IOTA Contest");
+  EXPECT_EQ(state.log.contest.contest_line, "IOTA Contest");
 }
 
 TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {
-  const auto click = [&](std::string_view name) {  // every event of a window runs inside another action
-    run_action(test.app, [&] { window.click(name); });
-  };
   open();
   std::filesystem::rename(log(), log() + "-");
   click("kaishi");
@@ -130,7 +121,7 @@ TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {
   EXPECT_EQ(main.lblShori.text, "処理終了");
 
   work.write_text("QX1ABC.zsm", "CQWW DX Contest\nCategory: Single-op All band CW\nTotal score : many\n");
-  run_action(test.app, [&] { open(); });  // half an opened log is none
+  open();  // half an opened log is none
   EXPECT_FALSE(main.kaishi.enabled || window.closed);
   click("mnuMake");
   EXPECT_FALSE(main.kaishi.enabled);
@@ -138,9 +129,12 @@ TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {
 
 TEST_F(MainWindowTest, SelectionLeftWithoutOkChangesNothing) {
   test.desk.on_show = [&](FormName form) {
-    if (form == FormName::frmOVERLAY) state.category.overlay_back = true;
+    if (form == FormName::frmOVERLAY) state.log.category.overlay_back = true;
     if (form != FormName::select_cont) return;
-    SelectCont dialog{test.app};
+    select_cont dialog{test.app};
+    dialog.Form_Load();
+    dialog.find<OptionGroup>("Option1")->selected = 2;
+    dialog.click("Option1", 2);
     for (const int row : {5, 2}) {  // JIDX shows its powers, CQ WPX leads to the overlays and back
       dialog.List1.selected = row;
       dialog.click("List1", row);
@@ -151,11 +145,13 @@ TEST_F(MainWindowTest, SelectionLeftWithoutOkChangesNothing) {
     EXPECT_FALSE(dialog.closed);
   };
   open();
-  const std::string text = main.Text1.text, yusen = state.settings.select_cont_yusen;
+  const std::string text = main.Text1.text, label = main.lblGet_zsm3.text;
+  const Precedence yusen = state.settings.select_cont_yusen;
   const auto files = work.files();
-  window.click("cmdReSelect");
-  EXPECT_EQ(state.contest.contest_name, "CQWW DX Contest 2025");
-  EXPECT_EQ(main.Text1.text, text);
+  click("cmdReSelect");
+  EXPECT_EQ(state.log.contest.contest_name, "CQWW DX Contest 2025");
+  EXPECT_EQ(main.Text1.text + main.lblGet_zsm3.text, text + label);
+  EXPECT_EQ(state.entry.power, Power::low);
   EXPECT_EQ(state.settings.select_cont_yusen, yusen);
   EXPECT_FALSE(main.kaishi.enabled);  // the choice that was confirmed does not hold any more
   EXPECT_EQ(work.files(), files);
@@ -163,9 +159,9 @@ TEST_F(MainWindowTest, SelectionLeftWithoutOkChangesNothing) {
 
 TEST_F(MainWindowTest, ErrorInDebugModeEndsTheProgram) {
   open();
-  window.click("mnuDebug_mode");
+  click("mnuDebug_mode");
   std::filesystem::remove(log());
-  window.click("kaishi");
+  click("kaishi");
   EXPECT_TRUE(window.closed);
   EXPECT_EQ(test.desk.boxes.at(0).text, "エラー発生、終了します");
 }
@@ -173,10 +169,10 @@ TEST_F(MainWindowTest, ErrorInDebugModeEndsTheProgram) {
 TEST_F(MainWindowTest, ErrorWritingSettingsIsANotice) {
   std::filesystem::permissions(test.folder.path() + "Varnisto.ini", std::filesystem::perms{0444});
   open();
-  window.click("kaishi");
+  click("kaishi");
   EXPECT_EQ(main.lblShori.text, "処理終了");
   EXPECT_NE(test.desk.boxes.at(0).text.find("Varnisto.ini"), std::string::npos);
-  window.click("owari");
+  click("owari");
   EXPECT_TRUE(window.closed);
 }
 
@@ -191,13 +187,13 @@ TEST_F(MainWindowTest, RecentFilesNewestFirstWithoutDoublesAndWithoutMissingFile
   EXPECT_EQ(recent_files(test.app),
             (std::vector{logs[5], logs[9], logs[8], logs[7], logs[6], logs[4], logs[3], logs[2]}));
   std::filesystem::remove(logs[9]);
-  window.load();
+  window.Form_Load();
   EXPECT_EQ(main.mnuRecent_in[1].caption, logs[8]);
   EXPECT_FALSE(main.mnuRecent_in[7].visible);
-  window.click("mnuRecent2");
-  EXPECT_EQ(state.input.in_name, logs[8]);
+  click("mnuRecent2");
+  EXPECT_EQ(state.log.input.in_name, logs[8]);
   EXPECT_EQ(main.mnuRecent_in[0].caption, logs[8]);
-  window.click("Option1", 2);  // writing the settings keeps the list
+  click("Option1", 2);  // writing the settings keeps the list
   EXPECT_EQ(recent_files(test.app).front(), logs[8]);
 }
 

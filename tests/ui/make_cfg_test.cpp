@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/start_up.h"
+#include "support/events.h"
 #include "support/test_app.h"
 #include "ui/main_window.h"
 
@@ -20,7 +21,7 @@ class SettingsDialog : public testing::Test {
  protected:
   SettingsDialog() {
     test.start();
-    form.load();
+    form.Form_Load();
   }
   TestApp test;
   Make_cfg form{test.app};
@@ -49,13 +50,13 @@ TEST(FirstStart, SettingsDialogMakesTheMainWindowUsable) {
   std::filesystem::remove(test.folder.path() + "Varnisto.ini");
   Main(test.app, test.folder.path());
   MainWindow window{test.app};
-  window.load();
+  window.Form_Load();
   EXPECT_FALSE(test.app.main.mnuOpen_file.enabled);
   EXPECT_EQ(test.app.main.lblIn.color, Color::red);
 
   test.desk.on_show = [&](FormName) {
     Make_cfg form{test.app};
-    form.load();
+    form.Form_Load();
     EXPECT_FALSE(form.cmdOK.enabled);
     EXPECT_EQ(form.lblMsg.text, "作成必要");
     for (const std::string_view box : {"txtName", "txtAdd1", "txtAdd2", "txtOperators", "txtMy_e_add"})
@@ -69,16 +70,15 @@ TEST(FirstStart, SettingsDialogMakesTheMainWindowUsable) {
     form.click("cmdBack");
     EXPECT_TRUE(form.closed);
   };
-  window.click("mnuMake");
+  click_in(test.app, window, "mnuMake");
   EXPECT_EQ(test.desk.forms, std::vector{FormName::Make_cfg});
   EXPECT_TRUE(test.app.main.mnuOpen_file.enabled);
   EXPECT_TRUE(test.app.main.mnuDisp.enabled);
-  EXPECT_EQ(test.app.state.input.in_err_flag, 0);
   EXPECT_EQ(test.app.main.lblIn.text, "ﾒﾆｭｰより入力ﾌｧｲﾙを指定して下さい");
-  EXPECT_EQ(test.app.main.Text1.text, "");
+  EXPECT_EQ(test.app.state.display.text, "");
 
   test.work.copy_from(source_dir("examples/cqww-cw"));
-  window.open_dropped_file(test.work.path() + "QX1ABC.ALL");
+  hand_in(test.app, window, [&] { window.open_dropped_file(test.work.path() + "QX1ABC.ALL"); });
   EXPECT_TRUE(test.app.main.kaishi.enabled);
 }
 
@@ -87,7 +87,7 @@ TEST(SettingsFileOfDialog, SavingRetiresTheLegacyFile) {
   test.folder.write_text("Varnisto.cfg", "CALLSIGN:QX1ABC\n");
   test.folder.write_text("Varnisto_old.cfg", "older\n");
   Make_cfg form{test.app};
-  form.load();
+  form.Form_Load();
   form.click("cmdOK");
   EXPECT_FALSE(test.folder.has("Varnisto.cfg"));
   EXPECT_EQ(test.folder.read_text("Varnisto_old.cfg"), "CALLSIGN:QX1ABC\n");

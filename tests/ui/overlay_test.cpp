@@ -9,11 +9,10 @@ namespace varnisto::test {
 namespace {
 
 TEST(OverlayKey, FollowsContestAndMode) {
-  for (const auto& [cont_id, mode, key] : texts_of<3>("CQ-WPX|PH|CQ-WPX-SSB", "CQ WPX Contest|cw|CQ-WPX-CW",
-                                                      "CQWPX|RY|CQ-WPX", "CQ-WPX|Mixed|CQ-WPX")) {
-    SCOPED_TRACE(cont_id);
-    EXPECT_EQ(overlay_key_of(cont_id, mode), key);
-  }
+  EXPECT_EQ(overlay_key_of("CQ-WPX", Mode::ssb), "CQ-WPX-SSB");
+  EXPECT_EQ(overlay_key_of("CQ WPX Contest", Mode::cw), "CQ-WPX-CW");
+  EXPECT_EQ(overlay_key_of("CQWPX", Mode::rtty), "CQ-WPX");
+  EXPECT_EQ(overlay_key_of("CQ-WPX", std::nullopt), "CQ-WPX");
 }
 
 class Overlay : public testing::Test {
@@ -21,26 +20,28 @@ class Overlay : public testing::Test {
   Overlay() {
     test.folder.write_text("OVERLAY.txt", "CQ-WPX-CW,TB-WIRES\nCQ-WPX-SSB,ROOKIE\nCQ-WPX-SSB,\" YOUTH \"\n");
     test.start();
-    test.app.state.contest.cont_id = "CQ-WPX";
-    test.app.state.category.overlay_caller = "select_cont";
-    test.app.state.category.dialog_mode = "PH";
-    test.app.state.category.overlay_cat = test.app.state.category.overlay_key = "old";
+    test.app.state.log.contest.cont_id = "CQ-WPX";
+    test.app.state.log.category.overlay_caller = OverlayCaller::select_cont;
+    test.app.state.entry.mode = Mode::ssb;
   }
   TestApp test;
 };
 
 TEST_F(Overlay, ListsTheOffersOfTheDialogsMode) {
-  test.app.state.category.zsm_mode = "CW";
-  EXPECT_EQ(FrmOverlay{test.app}.List1.items, (std::vector<std::string>{"ROOKIE", " YOUTH "}));
-  test.app.state.category.overlay_caller.clear();
-  FrmOverlay form{test.app};
+  test.app.state.log.category.zsm_mode = Mode::cw;
+  frmOVERLAY form{test.app};
+  form.Form_Load();
+  EXPECT_EQ(form.List1.items, (std::vector<std::string>{"ROOKIE", " YOUTH "}));
+  EXPECT_EQ(form.caption, "CQ-WPX    PH");
+  test.app.state.log.category.overlay_caller = OverlayCaller::summary;
+  form.Form_Load();
   EXPECT_EQ(form.List1.items, std::vector<std::string>{"TB-WIRES"});
   EXPECT_EQ(form.caption, "CQ-WPX    CW");
 }
 
 TEST_F(Overlay, ClaimsTheChosenEntryAndForgetsItAgain) {
-  FrmOverlay form{test.app};
-  EXPECT_EQ(test.app.state.category.overlay_cat, "");
+  frmOVERLAY form{test.app};
+  form.Form_Load();
   EXPECT_FALSE(form.List1.visible);
   form.Option1.selected = 1;
   form.click("Option1", 1);
@@ -51,18 +52,22 @@ TEST_F(Overlay, ClaimsTheChosenEntryAndForgetsItAgain) {
   EXPECT_TRUE(form.cmdOK.enabled);
   form.click("cmdOK");
   EXPECT_TRUE(form.closed);
-  EXPECT_EQ(test.app.state.category.overlay_cat, "YOUTH");
-  EXPECT_EQ(test.app.main.Label2.text, "CATEGORY-OVERLAY : YOUTH");
+  EXPECT_EQ(test.app.state.entry.overlay_cat, "YOUTH");
   EXPECT_TRUE(test.app.main.cmdReSet.enabled);
 
-  FrmOverlay{test.app}.click("cmdOK");
-  EXPECT_EQ(test.app.state.category.overlay_cat, "");
-  EXPECT_EQ(test.app.main.Label2.text, "");
+  for (const char* button : {"cmdOK", "cmdBack"}) {
+    test.app.state.entry.overlay_cat = "old";
+    frmOVERLAY again{test.app};
+    again.Form_Load();
+    again.click(button);
+    EXPECT_EQ(test.app.state.entry.overlay_cat, "");
+  }
 }
 
 TEST_F(Overlay, AnEmptyListFileIsAnError) {
   test.folder.write("OVERLAY.txt", "");
-  EXPECT_THROW(FrmOverlay{test.app}, ListFileError);
+  frmOVERLAY form{test.app};
+  EXPECT_THROW(form.Form_Load(), ListFileError);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "core/entry.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 #include "ui/frm_overlay.h"
@@ -39,30 +40,29 @@ class SelectContTest : public testing::Test {
     test.open(work.path() + "log.ALL");
     test.desk.forms.clear();
   }
-  void forget_guess(SelectCont& form) {
+  void forget_guess(select_cont& form) {
     form.List1.selected = -1;
-    test.app.state.contest.contest_name.clear();
+    test.app.state.log.contest.contest_name.clear();
   }
-  static void click_option(SelectCont& form, const std::string& group, int option) {
+  static void click_option(select_cont& form, const std::string& group, int option) {
     form.find<OptionGroup>(group)->selected = option;
     form.click(group, option);
   }
-  static void choose(SelectCont& form, int row) {
+  static void choose(select_cont& form, int row) {
     form.List1.selected = row;
     form.click("List1", row);
   }
-  CategoryState& category() { return test.app.state.category; }
+  EntryChoice& entry() { return test.app.state.entry; }
 
   TestApp test;
   TempDir work;
 };
 
 TEST_F(SelectContTest, PresetsFromLogAndMainWindow) {
-  test.app.main.Option1.selected = 0;
-  test.app.main.Option3.selected = 4;
-  test.app.state.settings.select_cont_yusen = "1";
-  SelectCont form{test.app};
-  EXPECT_EQ(form.List1.items.size(), test.app.state.contest.contest_names.size());
+  entry().op = Operator::multi_two;
+  select_cont form{test.app};
+  form.Form_Load();
+  EXPECT_EQ(form.List1.items.size(), test.app.state.lists.contest_names.size());
   EXPECT_EQ(form.Option2.selected, 2);  // a CW log
   EXPECT_EQ(form.Option4.selected, 3);  // on 7 MHz
   EXPECT_EQ(form.Option3.selected, 4);
@@ -71,96 +71,107 @@ TEST_F(SelectContTest, PresetsFromLogAndMainWindow) {
   EXPECT_EQ(form.Option5.selected, 0);
   EXPECT_FALSE(form.Check1.enabled);
   EXPECT_FALSE(form.Check1.checked);
-  EXPECT_EQ(test.app.state.settings.select_cont_yusen, "0");
-  EXPECT_EQ(form.cmdDisp_in.tip, test.app.state.input.in_name + " の表示");
+  EXPECT_EQ(form.cmdDisp_in.tip, test.app.state.log.input.in_name + " の表示");
 }
 
 TEST_F(SelectContTest, TheChoicesWinOverASummaryWhenAsked) {
   work.write_text("log.zsm", "");
-  test.app.state.settings.select_cont_yusen = test.app.state.settings.iota_class = "";
   for (const bool wins : {true, false}) {
-    SelectCont form{test.app};
-    EXPECT_EQ(test.app.state.settings.iota_class, "24-HOURS");
+    test.app.state.settings.select_cont_yusen = Precedence::unset;
+    select_cont form{test.app};
+    form.Form_Load();
+    EXPECT_EQ(form.Option5.selected, 0);
     ASSERT_TRUE(form.Check1.enabled);
     EXPECT_TRUE(form.Check1.checked);
     form.Check1.checked = wins;
     form.click("Check1");
     choose(form, 3);
     form.click("cmdOK");
-    EXPECT_EQ(test.app.main.lblYusen.text, wins ? "設定優先" : "");
-    EXPECT_EQ(contains(test.app.main.lblCategory.text, "CATEGORY: SINGLE-OP "), wins);
+    const LabelState& labels = test.app.state.log.labels;
+    EXPECT_EQ(labels.dialog_wins, wins);
+    EXPECT_EQ(contains(labels.category, "CATEGORY: SINGLE-OP "), wins);
+    EXPECT_EQ(test.app.state.settings.iota_class, "24-HOURS");
+    EXPECT_EQ(test.app.state.settings.select_cont_yusen, wins ? Precedence::dialog : Precedence::summary);
   }
 }
 
 struct OperatorCase {
   int option;
-  std::string op, text, cat_operator, transmitter, station;
+  std::string cat_operator, transmitter, station;
 };
 class OperatorOption : public SelectContTest, public testing::WithParamInterface<OperatorCase> {};
 TEST_P(OperatorOption, SetsItsValuesAndMovesTheOtherGroups) {
-  SelectCont form{test.app};
+  select_cont form{test.app};
+  form.Form_Load();
   choose(form, 3);
   click_option(form, "Option7", 3);  // PORTABLE: stays where the operator names no station
   click_option(form, "Option3", GetParam().option);
   form.click("cmdOK");
-  EXPECT_EQ(category().operator_cat, GetParam().op);
-  EXPECT_EQ(category().zsm_operator, GetParam().text);
-  EXPECT_EQ(category().cat_operator, GetParam().cat_operator);
-  EXPECT_EQ(category().cat_transmitter, GetParam().transmitter);
-  EXPECT_EQ(category().cat_station, GetParam().station);
-  EXPECT_EQ(test.app.main.Option3.selected, GetParam().option);
-  EXPECT_TRUE(category().dialog_shown && category().transmitter_chosen);
+  EXPECT_EQ(option_of(entry().op), GetParam().option);
+  EXPECT_EQ(cat_operator_of(entry()), GetParam().cat_operator);
+  EXPECT_EQ(name_of(entry().transmitter), GetParam().transmitter);
+  EXPECT_EQ(name_of(entry().station), GetParam().station);
+  EXPECT_TRUE(entry().dialog_shown && entry().transmitter_chosen);
 }
-INSTANTIATE_TEST_SUITE_P(
-    Rows, OperatorOption,
-    testing::Values(OperatorCase{1, "SINGLE-OP-ASSISTED", "Single-op-Assisted", "SINGLE-OP", "ONE", "FIXED"},
-                    OperatorCase{2, "SCHOOL-CLUB", "School-Club", "SCHOOL-CLUB", "UNLIMITED", "SCHOOL"},
-                    OperatorCase{3, "MULTI-ONE", "Multi-One", "MULTI-OP", "ONE", "PORTABLE"},
-                    OperatorCase{5, "MULTI-MULTI", "Multi-Multi", "MULTI-OP", "UNLIMITED", "PORTABLE"},
-                    OperatorCase{6, "CHECKLOG", "CheckLog", "CHECKLOG", "UNLIMITED", "PORTABLE"}),
-    [](const auto& c) { return "option" + std::to_string(c.param.option); });
+INSTANTIATE_TEST_SUITE_P(Rows, OperatorOption,
+                         testing::Values(OperatorCase{1, "SINGLE-OP", "ONE", "FIXED"},
+                                         OperatorCase{2, "SCHOOL-CLUB", "UNLIMITED", "SCHOOL"},
+                                         OperatorCase{3, "MULTI-OP", "ONE", "PORTABLE"},
+                                         OperatorCase{5, "MULTI-OP", "UNLIMITED", "PORTABLE"},
+                                         OperatorCase{6, "CHECKLOG", "UNLIMITED", "PORTABLE"}),
+                         [](const auto& c) { return "option" + std::to_string(c.param.option); });
 
 TEST_F(SelectContTest, OnlyArrlDxTakesThePowerFromTheLog) {
-  test.app.main.Option1.selected = 0;
+  entry().power = Power::high;
   AllQso qso;
   qso.sent_exch = " 5";
   work.write_text("log.ALL", "title\n" + all_line(qso) + "\n");
-  SelectCont form{test.app};
+  select_cont form{test.app};
+  form.Form_Load();
   choose(form, 0);
   EXPECT_EQ(form.Option1.selected, 2);
   EXPECT_EQ(form.lblPower.text, "PWR: 5");
   choose(form, 3);
   EXPECT_EQ(form.Option1.selected, 0);
-  EXPECT_EQ(category().cat_power, "HIGH");
   click_option(form, "Option1", 1);
   choose(form, 4);
   EXPECT_EQ(form.Option1.selected, 1);
 }
 
 TEST_F(SelectContTest, OkAsksForAContestWhenNoneIsKnown) {
-  SelectCont form{test.app};
+  select_cont form{test.app};
+  form.Form_Load();
   forget_guess(form);
   form.click("cmdOK");
   EXPECT_FALSE(form.closed);
   EXPECT_EQ(test.desk.boxes.size(), 1U);
-  EXPECT_FALSE(category().dialog_shown);
+  EXPECT_FALSE(entry().dialog_shown);
   EXPECT_FALSE(work.has("log_za2c.zsm"));
 }
 
 TEST_F(SelectContTest, TheOverlaysReturnButtonLeadsBack) {
-  test.desk.on_show = [&](FormName) { FrmOverlay{test.app}.click("cmdBack"); };
-  SelectCont form{test.app};
+  const auto overlay_answers = [&](const char* button) {
+    return [&, button](FormName) {
+      frmOVERLAY form{test.app};
+      form.Form_Load();
+      form.click(button);
+    };
+  };
+  test.desk.on_show = overlay_answers("cmdBack");
+  select_cont form{test.app};
+  form.Form_Load();
   choose(form, 2);
   form.click("cmdOK");
   EXPECT_FALSE(form.closed);
-  test.desk.on_show = [&](FormName) { FrmOverlay{test.app}.click("cmdOK"); };
+  EXPECT_FALSE(entry().dialog_shown);
+  test.desk.on_show = overlay_answers("cmdOK");
   form.click("cmdOK");
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(test.desk.forms.size(), 2U);
-  category().overlay_cat = test.app.main.Label2.text = "ROOKIE";
+  entry().overlay_cat = "ROOKIE";
   choose(form, 3);
   form.click("cmdOK");
-  EXPECT_EQ(category().overlay_cat + test.app.main.Label2.text, "");
+  EXPECT_EQ(entry().overlay_cat, "");
 }
 
 }  // namespace

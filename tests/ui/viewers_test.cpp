@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "base/cp932.h"
+#include "base/text.h"
+#include "support/errors.h"
 #include "support/test_app.h"
 #include "ui/frm_web_url.h"
 
@@ -21,7 +23,7 @@ TEST(LinkPage, IsWrittenFromTheList) {
                          "3,\"A, B\",\"https://b.example/?x,y\"\n\n");
   SilentPane pane;
   frmWeb_URL form{test.app, pane};
-  form.load();
+  form.Form_Load();
   EXPECT_EQ(test.folder.read("web_url.htm"), to_cp932("<HTML><HEAD><TITLE>web_url.htm</TITLE>\r\n"
                                                       "<BODY vLink=#0000ff link=#0000ff bgColor=#ffffff>\r\n"
                                                       "<br><br>\r\n"
@@ -45,10 +47,7 @@ TEST(LinkPage, HalfARecordIsReported) {
   test.folder.write_text("web_url.txt", "1,text\n");
   SilentPane pane;
   frmWeb_URL form{test.app, pane};
-  form.load();
-  EXPECT_TRUE(form.closed);
-  ASSERT_EQ(test.desk.boxes.size(), 1U);
-  EXPECT_NE(test.desk.boxes[0].text.find("web_url.txt"), std::string::npos);
+  EXPECT_TRUE(contains(error_text_of([&] { form.Form_Load(); }), "web_url.txt"));
 }
 
 }  // namespace
