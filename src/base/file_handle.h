@@ -1,9 +1,10 @@
 #pragma once
-// A file descriptor that closes itself; reads and writes throw RunTimeError instead of returning short.
+// An open file under its name; reads and writes throw RunTimeError instead of returning short.
 
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/os.h"
 
@@ -19,17 +20,9 @@ class FileHandle {
   /// such folder).
   static FileHandle create_new(const std::string& path);
   /// Takes an open file over, and closes it.
-  static FileHandle adopt(os::Descriptor descriptor, std::string name);
-  /// Takes a descriptor that stays open when this object goes (standard output, say).
-  static FileHandle borrow(int descriptor, std::string name);
+  static FileHandle adopt(os::Descriptor file, std::string name);
 
-  FileHandle(const FileHandle&) = delete;
-  FileHandle& operator=(const FileHandle&) = delete;
-  FileHandle(FileHandle&& other) noexcept;
-  FileHandle& operator=(FileHandle&& other) noexcept;
-  ~FileHandle();
-
-  bool is_open() const { return descriptor_ >= 0; }
+  bool is_open() const { return file_.is_open(); }
   const std::string& path() const { return path_; }
 
   /// Reads up to `size` bytes; 0 at the end of the file.
@@ -42,11 +35,9 @@ class FileHandle {
   void close();
 
  private:
-  FileHandle(int descriptor, std::string path, bool owned)
-      : descriptor_(descriptor), owned_(owned), path_(std::move(path)) {}
+  FileHandle(os::Descriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
 
-  int descriptor_ = -1;
-  bool owned_ = true;
+  os::Descriptor file_;
   std::string path_;
 };
 

@@ -1,8 +1,6 @@
 #include "base/files.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 #include "base/byte_buffer.h"
@@ -14,8 +12,6 @@
 
 namespace varnisto {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::size_t buffer_size = 65536;
 
@@ -32,16 +28,6 @@ std::vector<std::string> names_in(std::string_view folder, Predicate wanted) {
 
 }  // namespace
 
-std::string absolute_path(const std::string& path) {
-  std::error_code failure;
-  const fs::path whole = fs::absolute(path, failure);
-  if (failure) return path;
-  if (std::ranges::find(whole, fs::path{".."}) == whole.end()) return whole.lexically_normal().string();
-  // Behind a link, "a/.." need not be where it seems: the folders that are there tell.
-  const fs::path folder = fs::weakly_canonical(whole.parent_path(), failure);
-  return failure ? whole.string() : (folder / whole.filename()).string();
-}
-
 std::string_view file_part(std::string_view path) {
   return path.substr(folder_part(path).size());
 }
@@ -52,9 +38,8 @@ std::string_view folder_part(std::string_view path) {
 }
 
 std::optional<std::string> find_file(const std::string& path) {
-  std::error_code failure;
   if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
-  if (fs::exists(path, failure)) return path;
+  if (os::facts_of(path)) return path;
   const std::string_view wanted = file_part(path);
   const std::string_view folder = folder_part(path);
   const auto names =
@@ -73,9 +58,9 @@ bool is_folder(const std::string& path) {
 }
 
 bool is_plain_file(const std::string& path) {
-  std::error_code failure;
   const auto found = find_file(path);
-  return found && fs::is_regular_file(*found, failure);
+  const auto facts = found ? os::facts_of(*found) : std::nullopt;
+  return facts && facts->kind == os::FileFacts::Kind::plain;
 }
 
 void copy_file(const std::string& from, FileHandle to) {

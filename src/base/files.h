@@ -15,10 +15,6 @@ namespace varnisto {
 /// The separator that ends a folder's name in every path this program holds.
 inline constexpr char path_separator = '/';
 
-/// The path from the root, without "." and ".." among its folders: names are made by cutting a path at its
-/// first ".". The file need not exist; that of a folder ends in a separator.
-std::string absolute_path(const std::string& path);
-
 /// The name of the existing file `path` as the folder spells it; nothing when there is none.
 std::optional<std::string> find_file(const std::string& path);
 /// True when find_file() finds something.

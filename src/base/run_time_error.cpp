@@ -1,7 +1,6 @@
 #include "base/run_time_error.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <iterator>
 
 namespace varnisto {
@@ -31,23 +30,6 @@ constexpr ErrorText error_texts[] = {
     {RunTimeError::path_not_found, "フォルダが見つかりません"},
 };
 
-struct ErrnoNumber {
-  int code;
-  RunTimeError::Number number;
-};
-
-constexpr ErrnoNumber errno_numbers[] = {
-    {ENOENT, RunTimeError::file_not_found},      {ENOTDIR, RunTimeError::path_not_found},
-    {EACCES, RunTimeError::permission_denied},   {EPERM, RunTimeError::permission_denied},
-    {EROFS, RunTimeError::permission_denied},    {EISDIR, RunTimeError::path_access_error},
-    {EEXIST, RunTimeError::file_already_exists}, {ENOSPC, RunTimeError::disk_full},
-    {EDQUOT, RunTimeError::disk_full},           {EFBIG, RunTimeError::disk_full},
-    {EMFILE, RunTimeError::too_many_files},      {ENFILE, RunTimeError::too_many_files},
-    {ENAMETOOLONG, RunTimeError::bad_file_name}, {EINVAL, RunTimeError::bad_file_name},
-    {ELOOP, RunTimeError::path_access_error},    {EBUSY, RunTimeError::path_access_error},
-    {ETXTBSY, RunTimeError::path_access_error},
-};
-
 }  // namespace
 
 std::string_view error_text(RunTimeError::Number number) {
@@ -60,11 +42,6 @@ std::string describe(const RunTimeError& error) {
       "エラー " + std::to_string(error.number) + " ： " + std::string{error_text(error.number)};
   const std::string where = error.what();
   return where.empty() ? text : text + " ： " + where;
-}
-
-void throw_file_error(int code, const std::string& path) {
-  const auto* hit = std::ranges::find(errno_numbers, code, &ErrnoNumber::code);
-  throw RunTimeError(hit == std::end(errno_numbers) ? RunTimeError::device_io_error : hit->number, path);
 }
 
 }  // namespace varnisto

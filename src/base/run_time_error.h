@@ -40,7 +40,4 @@ std::string_view error_text(RunTimeError::Number number);
 /// Number, words and place in one line, as the user sees an error.
 std::string describe(const RunTimeError& error);
 
-/// Throws the RunTimeError that stands for the `errno` value `code` met on `path`.
-[[noreturn]] void throw_file_error(int code, const std::string& path);
-
 }  // namespace varnisto

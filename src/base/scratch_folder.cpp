@@ -1,9 +1,7 @@
 #include "base/scratch_folder.h"
 
 #include <charconv>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 #include "base/files.h"
@@ -24,11 +22,6 @@ int owner_of(std::string_view name) {
   return end.ptr != name.data() + name.size() && *end.ptr == '-' ? process : 0;
 }
 
-void delete_folder(const std::string& path) {
-  std::error_code failure;  // what cannot be deleted stays in the system's temporary folder
-  std::filesystem::remove_all(path, failure);
-}
-
 }  // namespace
 
 const std::string& ScratchFolder::path() {
@@ -46,7 +39,7 @@ const std::string& ScratchFolder::path() {
 
 void ScratchFolder::remove() {
   if (!folder_) return;
-  delete_folder(folder_->path());
+  os::delete_folder(folder_->path());
   folder_.reset();
 }
 
@@ -58,7 +51,7 @@ void clear_abandoned_scratch_folders() {
     if (owner > 0 && !os::process_runs(owner)) abandoned.push_back(parent + std::string{name});
   });
   for (const std::string& folder : abandoned)
-    if (os::is_own_folder(folder)) delete_folder(folder);
+    if (os::is_own_folder(folder)) os::delete_folder(folder);
 }
 
 }  // namespace varnisto

@@ -3,8 +3,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -79,10 +77,9 @@ FolderLock::FolderLock(std::string folder, bool wait)
 
 std::string replaced_file(const std::string& path) {
   if (path.find('\0') != std::string::npos) throw RunTimeError(RunTimeError::bad_file_name, path);
-  std::error_code failure;
-  std::string target = os::is_link(path) ? std::filesystem::canonical(path, failure).string() : path;
+  std::string target = os::is_link(path) ? os::behind_links(path) : path;
   const auto facts = os::facts_of(target);
-  if (failure || (facts && facts->kind != os::FileFacts::Kind::plain))
+  if (facts && facts->kind != os::FileFacts::Kind::plain)
     throw RunTimeError(RunTimeError::path_access_error, path);
   if (facts && ((facts->permissions & write_bits) == 0 || !os::may_write(target)))
     throw RunTimeError(RunTimeError::permission_denied, path);

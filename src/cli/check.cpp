@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "app/checker.h"
-#include "base/files.h"
+#include "base/os.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "cabrillo/writer.h"
@@ -103,7 +103,7 @@ void put_outcome(const CliOptions& options, const CheckReport& report, std::ostr
 int check_files(const CliOptions& options, std::ostream& out, std::ostream& err) {
   int worst = exit_ok;
   for (const std::string& path : options.arguments) {
-    CheckReport report{absolute_path(path), {}, {}, {}};
+    CheckReport report{os::absolute_path(path), {}, {}, {}};
     report.result = check_now(report, options.json, out);
     put_outcome(options, report, out, err);
     worst = std::max(worst, report.result.kind == ActionResult::done ? int{exit_ok} : int{exit_failed});

@@ -6,7 +6,7 @@
 #include "app/driver.h"
 #include "app/open_input.h"
 #include "app/reselect.h"
-#include "base/files.h"
+#include "base/os.h"
 #include "cli/dialog_answers.h"
 #include "cli/report.h"
 #include "cli/session.h"
@@ -33,7 +33,7 @@ void notice_unasked(Session& session, const DialogAnswers& answers) {
 /// Opens the log and, unless the input was refused, converts it.
 void open_and_convert(Session& session, const DialogAnswers& answers, const std::string& path) {
   App& app = session.app;
-  open_chosen_file(app, absolute_path(path));
+  open_chosen_file(app, os::absolute_path(path));
   if (answers.reselect && !app.state.entry.dialog_shown) cmdReSelect_Click(app);
   if (!app.state.entry.dialog_shown) click_options(app, answers);
   notice_unasked(session, answers);
@@ -71,7 +71,7 @@ int convert_log(const CliOptions& options, const std::string& program_folder, co
   Session session{options, program_folder, err};
   App& app = session.app;
   auto [status, result] = session.start();
-  app.state.log.input.in_name = absolute_path(path);
+  app.state.log.input.in_name = os::absolute_path(path);
   if (status == exit_ok) {
     bool wrong_answer = false;
     result = run_action(app, [&] {
@@ -106,7 +106,7 @@ int to_zlog_files(const CliOptions& options, const std::string& program_folder, 
   for (const std::string& path : options.arguments) {
     Session session{options, program_folder, err};
     const ActionResult result = run_action(session.app, [&] {
-      open_chosen_cbr(session.app, absolute_path(path));
+      open_chosen_cbr(session.app, os::absolute_path(path));
       kaishi_Click(session.app);
     });
     put_result(options, session, result, out);

@@ -35,5 +35,5 @@ int main(int argc, char* argv[]) {
   constexpr int standard_output = 1, standard_error = 2;
   varnisto::install_signal_handlers();
   Console out{std::cout, standard_output}, err{std::cerr, standard_error};
-  return varnisto::run_cli({argv + 1, argv + argc}, out.stream, err.stream);
+  return varnisto::run_cli(varnisto::os::arguments(argc, argv), out.stream, err.stream);
 }

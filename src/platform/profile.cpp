@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <sys/stat.h>
 
 #include "base/cp932.h"
 #include "base/files.h"
@@ -211,10 +210,8 @@ std::string ProfileText::bytes() const {
 }
 
 FileProfile::Stamp FileProfile::stamp_of(const std::string& path) {
-  struct stat info {};
-  if (::stat(path.c_str(), &info) != 0) return {};
-  return {path, info.st_mtim.tv_sec * 1'000'000'000LL + info.st_mtim.tv_nsec, info.st_size,
-          static_cast<long long>(info.st_ino)};
+  const auto facts = os::facts_of(path);
+  return facts ? Stamp{path, facts->id, facts->changed, facts->size} : Stamp{};
 }
 
 bool FileProfile::exists(const std::string& path) {

@@ -2,6 +2,7 @@
 // Settings files: sections in square brackets, lines key=value. The case of names does not matter, the first
 // section of a name wins and in it the first key; a write keeps comments, unknown keys, order and spelling.
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -9,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/os.h"
 #include "base/temporary.h"
 
 namespace varnisto {
@@ -99,7 +101,8 @@ class FileProfile final : public Profile {
   // The file as it was read last, with what tells whether it has changed since.
   struct Stamp {
     std::string path;
-    long long changed = 0, size = -1, inode = 0;
+    os::FileId id;
+    std::int64_t changed = 0, size = -1;
     bool operator==(const Stamp&) const = default;
   };
   static Stamp stamp_of(const std::string& path);

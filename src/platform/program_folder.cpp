@@ -1,55 +1,38 @@
 #include "platform/program_folder.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <system_error>
+#include <string_view>
 
 #include "base/files.h"
+#include "base/os.h"
 #include "base/outputs.h"
 #include "base/run_time_error.h"
 
 namespace varnisto {
 namespace {
 
-namespace fs = std::filesystem;
-
-std::string environment(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
-}
-
 /// An absolute folder name with its separator at the end.
-std::string as_folder(const fs::path& path) {
-  return absolute_path((path / "").string());
-}
-
-std::string executable_folder() {
-  std::error_code failure;
-  const fs::path program = fs::read_symlink("/proc/self/exe", failure);
-  return failure ? "" : as_folder(program.parent_path());
+std::string as_folder(const std::string& path) {
+  return os::absolute_path(path.ends_with(path_separator) ? path : path + path_separator);
 }
 
 std::string user_folder() {
-  const std::string config = environment("XDG_CONFIG_HOME");
-  if (!config.empty()) return as_folder(fs::path{config} / "varnisto");
-  const std::string home = environment("HOME");
-  if (home.empty()) throw RunTimeError(RunTimeError::path_not_found, "HOME, XDG_CONFIG_HOME, VARNISTO_DIR");
-  return as_folder(fs::path{home} / ".config" / "varnisto");
+  const std::string parent = os::user_folder();
+  if (parent.empty())
+    throw RunTimeError(RunTimeError::path_not_found,
+                       std::string{os::user_folder_variables()} + ", VARNISTO_DIR");
+  return as_folder(parent + "varnisto");
 }
 
 /// Copies the shipped list files that the folder lacks, all or none; one that is there is never replaced.
 void fill(const std::string& folder) {
-  std::error_code failure;
-  fs::create_directories(folder, failure);
-  if (failure) throw_file_error(failure.value(), folder);
+  os::make_folders(folder);
   const std::string shipped = shipped_folder();
   if (shipped.empty() || file_exists(folder + "Varnisto.ini")) return;
   Outputs lists;
-  for (const auto& entry : fs::directory_iterator{shipped, failure}) {
-    const std::string name = entry.path().filename().string();
-    if (entry.is_regular_file(failure) && !file_exists(folder + name))
-      copy_file(entry.path().string(), lists.create(folder + name));
-  }
+  os::for_each_name(shipped, [&](std::string_view name) {
+    const std::string from = shipped + std::string{name}, to = folder + std::string{name};
+    if (is_plain_file(from) && !file_exists(to)) copy_file(from, lists.create(to));
+  });
   lists.commit();
 }
 
@@ -57,15 +40,15 @@ void fill(const std::string& folder) {
 
 std::string shipped_folder() {
   for (const std::string& folder :
-       {as_folder(executable_folder() + "../share/varnisto"), as_folder(VARNISTO_SHARE_DIR)})
+       {as_folder(os::executable_folder() + "../share/varnisto"), as_folder(VARNISTO_SHARE_DIR)})
     if (file_exists(folder + "contest_name.cfg")) return folder;
   return "";
 }
 
 std::string find_program_folder(const std::string& option) {
   if (!option.empty()) return as_folder(option);
-  if (const std::string chosen = environment("VARNISTO_DIR"); !chosen.empty()) return as_folder(chosen);
-  std::string portable = executable_folder();
+  if (const std::string chosen = os::environment("VARNISTO_DIR"); !chosen.empty()) return as_folder(chosen);
+  std::string portable = os::executable_folder();
   if (!portable.empty() && file_exists(portable + "contest_name.cfg")) return portable;
   std::string folder = user_folder();
   fill(folder);

@@ -8,6 +8,7 @@
 #include "app/reselect.h"
 #include "app/start_up.h"
 #include "base/files.h"
+#include "base/os.h"
 #include "base/text.h"
 #include "core/entry.h"
 #include "core/paths.h"
@@ -176,7 +177,7 @@ void MainWindow::open_path(const std::string& path) {
   if (!app.main.mnuOpen_file.enabled)
     return refuse(
         {"Varnisto.ini がまだ作成されていません", "ﾒﾆｭｰの[ 環境 ]よりVarnisto.ini を作成して下さい"});
-  const auto file = find_file(absolute_path(path));
+  const auto file = find_file(os::absolute_path(path));
   if (!file || !is_plain_file(*file)) return refuse({path, "がありません。"});
   const OpenMenu* menu = open_menu_for(pieces_of(*file).ext);
   if (!menu)

@@ -7,6 +7,7 @@
 #include <sys/resource.h>
 
 #include "base/fields.h"
+#include "base/os.h"
 #include "base/text.h"
 #include "base/text_reader.h"
 #include "base/text_writer.h"
@@ -272,13 +273,13 @@ TEST(Files, AbsolutePathsHoldNoDotsAndFollowLinksInFrontOfThem) {
   fs::create_directories(dir.path() + "real/inner");
   fs::create_symlink(dir.path() + "real/inner", dir.path() + "link");
   const std::string plain = dir.path() + "a.b/log.all";
-  EXPECT_EQ(absolute_path(plain), plain);
-  EXPECT_EQ(absolute_path(dir.path() + "link/log.all"), dir.path() + "link/log.all");
-  EXPECT_EQ(absolute_path(dir.path() + "link/../log.all"), dir.path() + "real/log.all");
-  EXPECT_EQ(absolute_path(dir.path() + "link/../"), dir.path() + "real/");
-  EXPECT_EQ(absolute_path(dir.path() + "./link//"), dir.path() + "link/");
-  EXPECT_EQ(absolute_path(dir.path() + "./none/../log.all"), dir.path() + "log.all");
-  EXPECT_EQ(absolute_path("log.all"), fs::current_path().string() + "/log.all");
+  EXPECT_EQ(os::absolute_path(plain), plain);
+  EXPECT_EQ(os::absolute_path(dir.path() + "link/log.all"), dir.path() + "link/log.all");
+  EXPECT_EQ(os::absolute_path(dir.path() + "link/../log.all"), dir.path() + "real/log.all");
+  EXPECT_EQ(os::absolute_path(dir.path() + "link/../"), dir.path() + "real/");
+  EXPECT_EQ(os::absolute_path(dir.path() + "./link//"), dir.path() + "link/");
+  EXPECT_EQ(os::absolute_path(dir.path() + "./none/../log.all"), dir.path() + "log.all");
+  EXPECT_EQ(os::absolute_path("log.all"), fs::current_path().string() + "/log.all");
 }
 
 }  // namespace
