@@ -1,9 +1,5 @@
 #include "base/cp932.h"
 
-#include <array>
-#include <cerrno>
-#include <utility>
-
 #include "base/run_time_error.h"
 #include "base/text.h"
 
@@ -20,23 +16,6 @@ std::size_t sequence_size(std::string_view text) {
   std::size_t size = 1;
   while (size < wanted && size < text.size() && is_continuation(text[size])) ++size;
   return size == wanted ? size : 1;
-}
-
-/// Converts as much of `in` as the converter takes; the rest begins with what it refuses.
-void run(iconv_t converter, std::string_view& in, std::string& out) {
-  std::array<char, 4096> buffer;
-  iconv(converter, nullptr, nullptr, nullptr, nullptr);
-  while (!in.empty()) {
-    char* source = const_cast<char*>(in.data());
-    std::size_t source_left = in.size();
-    char* target = buffer.data();
-    std::size_t target_left = buffer.size();
-    const std::size_t result = iconv(converter, &source, &source_left, &target, &target_left);
-    const int code = errno;
-    out.append(buffer.data(), buffer.size() - target_left);
-    in.remove_prefix(in.size() - source_left);
-    if (result == static_cast<std::size_t>(-1) && code != E2BIG) return;
-  }
 }
 
 /// Number of bytes that stand for no character at the start of `bytes`. A lead byte takes a second high byte
@@ -71,40 +50,12 @@ std::optional<unsigned char> escaped_byte(std::string_view text) {
   return static_cast<unsigned char>(high | (static_cast<unsigned char>(text[3]) & 0x3FU));
 }
 
-iconv_t CodePage::invalid() {
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): iconv_open()'s own sign of failure
-  return reinterpret_cast<iconv_t>(-1);
-}
-
-CodePage::CodePage(CodePage&& other) noexcept
-    : decoder_(std::exchange(other.decoder_, invalid())),
-      encoder_(std::exchange(other.encoder_, invalid())) {}
-
-CodePage& CodePage::operator=(CodePage&& other) noexcept {
-  std::swap(decoder_, other.decoder_);
-  std::swap(encoder_, other.encoder_);
-  return *this;
-}
-
-CodePage::~CodePage() {
-  for (iconv_t converter : {decoder_, encoder_})
-    if (converter != invalid()) iconv_close(converter);
-}
-
-iconv_t CodePage::open(bool decoding) {
-  iconv_t& converter = decoding ? decoder_ : encoder_;
-  if (converter == invalid())
-    converter = decoding ? iconv_open("UTF-8", "CP932") : iconv_open("CP932", "UTF-8");
-  if (converter == invalid()) throw RunTimeError(RunTimeError::device_io_error, "iconv CP932");
-  return converter;
-}
-
 void CodePage::decode(std::string_view bytes, std::string& out) {
   const std::size_t plain = ascii_prefix(bytes);
   out.append(bytes.substr(0, plain));
   bytes.remove_prefix(plain);
   while (!bytes.empty()) {
-    run(open(true), bytes, out);
+    decoder_.run(bytes, out);
     if (bytes.empty()) return;
     const std::size_t size = invalid_size(bytes);
     for (const char byte : bytes.substr(0, size)) append_escape(out, static_cast<unsigned char>(byte));
@@ -117,7 +68,7 @@ void CodePage::encode(std::string_view utf8, std::string& out, Unmappable policy
   out.append(utf8.substr(0, plain));
   utf8.remove_prefix(plain);
   while (!utf8.empty()) {
-    run(open(false), utf8, out);
+    encoder_.run(utf8, out);
     if (utf8.empty()) return;
     const std::size_t size = sequence_size(utf8);
     if (const auto byte = escaped_byte(utf8))

@@ -1,13 +1,15 @@
 #pragma once
 // Code page 932, the Japanese code page of all text files, to and from UTF-8. Nothing is lost on the way: a
 // byte that is no valid character becomes one of the private characters U+10FE80..U+10FEFF and turns back
-// into that byte when the text is written again. The conversion itself is the system's iconv.
+// into that byte when the text is written again. The conversion of what
+// is valid stands in cp932_converter.h.
 
 #include <cstddef>
-#include <iconv.h>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "base/cp932_converter.h"
 
 namespace varnisto {
 
@@ -23,27 +25,17 @@ void append_escape(std::string& out, unsigned char byte);
 /// The byte for which the first character of the text stands; nothing when it is another character.
 std::optional<unsigned char> escaped_byte(std::string_view text);
 
-/// One direction of the conversion. The system's converter is opened when the first non-ASCII text comes.
+/// Both directions of the conversion.
 class CodePage {
  public:
-  CodePage() = default;
-  CodePage(const CodePage&) = delete;
-  CodePage& operator=(const CodePage&) = delete;
-  CodePage(CodePage&& other) noexcept;
-  CodePage& operator=(CodePage&& other) noexcept;
-  ~CodePage();
-
   /// Appends code page 932 bytes to `out` as UTF-8.
   void decode(std::string_view bytes, std::string& out);
   /// Appends UTF-8 text to `out` as code page 932 bytes. Throws RunTimeError 5 as `policy` says.
   void encode(std::string_view utf8, std::string& out, Unmappable policy);
 
  private:
-  iconv_t open(bool decoding);
-
-  iconv_t decoder_ = invalid();
-  iconv_t encoder_ = invalid();
-  static iconv_t invalid();
+  Cp932Converter decoder_{Cp932Converter::To::utf8};
+  Cp932Converter encoder_{Cp932Converter::To::cp932};
 };
 
 /// The same for single texts.
