@@ -14,7 +14,10 @@ namespace {
 constexpr std::string_view label_category = "Category:";
 
 /// Copies the summary with its Category lines rewritten; the first line is the contest's title.
-void rewrite_lines(App& app, TextReader& summary, TextWriter& out, std::string_view new_operator) {
+void rewrite_summary(App& app, const std::string& path) {
+  TextReader summary{path};  // closed again before its file is replaced
+  TextWriter out{app.outputs.create(path, Need::required, path)};
+  const std::string_view new_operator = names_of(app.state.entry.op).text;
   std::string_view line = summary.must_next();
   app.state.log.contest.contest_line = line;
   out.put(line);
@@ -28,6 +31,7 @@ void rewrite_lines(App& app, TextReader& summary, TextWriter& out, std::string_v
     out.put(rewritten.line);
     cat_text = std::move(rewritten.cat_text);
   }
+  out.close();
 }
 
 }  // namespace
@@ -52,10 +56,7 @@ void cmdRe_write_zlog_zsm_Click(App& app) {
   app.state.display.progress = Progress::none;
   const std::string source = summary_to_rewrite(app.state.log.input);
   const std::string path = find_file(source).value_or(source);
-  TextReader summary{path};
-  TextWriter out{app.outputs.create(path, Need::required, path)};
-  rewrite_lines(app, summary, out, names_of(app.state.entry.op).text);
-  out.close();
+  rewrite_summary(app, path);
   commit_outputs(app);
   show_summary(app);
   if (family_of(app.state.log.contest.cont_id) == ContestFamily::jidx)
