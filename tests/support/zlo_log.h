@@ -27,12 +27,12 @@ struct ZloQsoSpec {
   std::string call = "QX9DEF", sent = "25", rcvd = "14";
   int band = 0, mode = 0;  ///< codes of both kinds
   int rst_sent = 599, rst_rcvd = 599;
-  std::string multi1, multi2;  ///< new ones, when not empty
+  std::string multi1 = {}, multi2 = {};  ///< new ones, when not empty
   int points = 1;
-  std::string op, memo;
+  std::string op = {}, memo = {};
   int tx = 0;
-  std::string khz;  ///< ZLOX
-  int invalid = 0;  ///< ZLOX
+  std::string khz = {};  ///< ZLOX
+  int invalid = 0;       ///< ZLOX
 };
 
 /// Days since 1899-12-30 of a date and time, by counting the years and months.

@@ -1,0 +1,38 @@
+#include "zlo/zlo_walk.h"
+
+namespace varnisto {
+namespace {
+
+/// True when there is a text: then it takes the place of the one before.
+bool replace(std::string_view& kept, std::string_view text) {
+  if (!text.empty()) kept = text;
+  return !text.empty();
+}
+
+}  // namespace
+
+std::size_t ZloCount::record_of_line(std::size_t line) const {
+  for (const std::size_t record : passed_over) {
+    if (record > line) break;
+    ++line;
+  }
+  return line;
+}
+
+bool ZloWalk::next() {
+  while (log_.next(qso_)) {
+    ++count_.records;
+    if (qso_.invalid != 0) {
+      count_.invalid.add(log_.number());
+      count_.passed_over.push_back(static_cast<std::uint16_t>(log_.number()));
+      continue;
+    }
+    ++count_.qsos;
+    mode_known_ = replace(mode_, zlo_mode(log_.layout(), qso_.mode_code));
+    band_known_ = replace(band_, zlo_band(qso_.band_code));
+    return true;
+  }
+  return false;
+}
+
+}  // namespace varnisto

@@ -1,0 +1,117 @@
+#include "zlo/zlo_scan.h"
+
+#include <gtest/gtest.h>
+
+#include "support/rows.h"
+#include "support/temp_dir.h"
+#include "zlo/zlo_head.h"
+#include "zlo/zlo_test_support.h"
+
+namespace varnisto::test {
+namespace {
+
+struct ScanCase {
+  std::vector<std::pair<int, int>> band_mode;  ///< codes
+  int mode_sel, band_sel, lowband_flag;
+  bool rtty = false;
+};
+
+TEST(ZloScan, GuessesModeAndBand) {
+  for (const ScanCase& row :
+       rows_of(ScanCase{{}, 0, 0, 2}, ScanCase{{{0, 0}}, 2, 1, 1}, ScanCase{{{1, 1}}, 1, 2, 1},
+               ScanCase{{{2, 4}}, 3, 3, 1}, ScanCase{{{4, 2}}, 0, 4, 2}, ScanCase{{{6, 0}, {6, 1}}, 0, 5, 2},
+               ScanCase{{{8, 0}, {8, 7}}, 2, 6, 2}, ScanCase{{{4, 0}, {6, 0}}, 2, 0, 2},
+               ScanCase{{{4, 0}, {2, 4}}, 0, 0, 1}, ScanCase{{{4, 1}, {4, 4}}, 0, 4, 2},
+               // 50 MHz counts with the band before, 10 MHz nowhere and with what follows it
+               ScanCase{{{4, 0}, {9, 0}}, 2, 4, 2}, ScanCase{{{4, 0}, {3, 0}, {9, 0}}, 2, 4, 2},
+               ScanCase{{{9, 0}}, 2, 0, 2}, ScanCase{{{255, 255}}, 0, 0, 2},
+               ScanCase{{{2, 0}, {5, 1}}, 0, 3, 1}, ScanCase{{{4, 0}, {4, 1}}, 3, 4, 2, true})) {
+    std::vector<ZloQsoSpec> qsos;
+    for (const auto& [band, mode] : row.band_mode)
+      qsos.push_back({.day_count = 1e9, .band = band, .mode = mode});
+    ZloReader log = reader_of(zlo_log(qsos));
+    const ZloScan scan = scan_zlo(log, row.rtty);
+    const std::string name = testing::PrintToString(row.band_mode);
+    EXPECT_EQ(scan.mode_sel(), row.mode_sel) << name;
+    EXPECT_EQ(scan.band_sel(), row.band_sel) << name;
+    EXPECT_EQ(scan.lowband_flag(), row.lowband_flag) << name;
+  }
+}
+
+TEST(ZloScan, CountsEveryMode) {
+  ZloReader log = reader_of(zlox_log({{.mode = 0},
+                                      {.mode = 6},
+                                      {.mode = 1},
+                                      {.mode = 2},
+                                      {.mode = 4},
+                                      {.mode = 5},
+                                      {.mode = 0, .invalid = 1},
+                                      {.mode = 9}}));
+  const ZloScan scan = scan_zlo(log, false);
+  EXPECT_EQ(scan.cw_count, 2);
+  EXPECT_EQ(scan.ssb_count, 1);
+  EXPECT_EQ(scan.rty_count, 3);
+  EXPECT_EQ(scan.bands[0], 7);
+}
+
+TEST(ZloScan, FindsTheHighestPower) {
+  struct Case {
+    std::vector<std::string> sent;
+    std::string want;
+  };
+  for (const Case& row :
+       rows_of(Case{{"100", "5", "1K"}, "1K"}, Case{{"100", "150"}, "150"}, Case{{"5", "599"}, "599"},
+               Case{{"5"}, "5"}, Case{{}, "0"}, Case{{"0", "none"}, "0"}, Case{{" 100W ", "100X"}, "100W"},
+               Case{{"kw", "1000"}, "kw"}, Case{{"0.4", "0.6"}, "0.6"}, Case{{"ケ", "5"}, "5"},
+               Case{{"12345678K"}, "12345678K"}, Case{{"123456789K"}, "123456789"})) {
+    std::vector<ZloQsoSpec> qsos;
+    for (const std::string& sent : row.sent) qsos.push_back({.sent = sent});
+    ZloReader log = reader_of(zlo_log(qsos));
+    EXPECT_EQ(highest_zlo_power(log), row.want) << testing::PrintToString(row.sent);
+  }
+}
+
+TEST(ZloHead, IsTrimmedAndDecoded) {
+  for (const auto& [title, want] :
+       texts_of<2>(" CQ WPX Contest |CQ WPX Contest", "|", "  |", "JIDX|JIDX",
+                   "全市全郡コンテスト|全市全郡コンテスト", "CQWW160|CQWW160 Contest",
+                   "2025 CQWW160 SSB|CQWW160 Contest", "CQWW 160|CQWW 160")) {
+    ZloReader log = reader_of(zlo_log({}, {.call = " QX1ABC ", .title = title}));
+    const ZloHead head = read_zlo_head(log);
+    EXPECT_EQ(head.call, "QX1ABC");
+    EXPECT_EQ(head.title, want);
+    EXPECT_EQ(head.titled, !title.empty());
+    EXPECT_EQ(head.qso_count, std::nullopt);
+  }
+}
+
+TEST(ZloHead, TellsUtcAndTheLoggersCount) {
+  for (const int offset : {-540, 0, 32766, 32767}) {
+    ZloReader log = reader_of(zlox_log({{}, {}}, {.utc_offset = offset, .count_error = 5}));
+    const ZloHead head = read_zlo_head(log);
+    EXPECT_EQ(head.utc, offset == 32767);
+    EXPECT_EQ(head.qso_count, 7);
+  }
+  ZloReader bare = reader_of(zlox_log({{}}, {.letters = false}));
+  EXPECT_EQ(read_zlo_head(bare).qso_count, std::nullopt);
+  ZloReader empty = reader_of("");
+  EXPECT_EQ(read_zlo_head(empty).title, "");
+}
+
+TEST(ZloHead, ATextFileIsNoLog) {
+  const TempDir dir;
+  EXPECT_EQ(why_no_zlo_log(dir.write("a.ZLO", "zLog for Windows ")), "zLog の ZLO ファイルではありません。");
+  EXPECT_EQ(why_no_zlo_log(dir.write("b.ZLO", zlo_log({}))), "");
+  EXPECT_EQ(why_no_zlo_log(dir.write("c.ZLO", "")), "");
+}
+
+TEST(ZloHead, TheMessageBoxShowsContestAndScore) {
+  EXPECT_EQ(zlo_found_text("CQ WPX", "123"), "取得 ｺﾝﾃｽﾄ 名 ： CQ WPX\r\nTotal score   :  123");
+  EXPECT_EQ(zlo_found_text("JIDX Contest", ""),
+            "取得 ｺﾝﾃｽﾄ 名 ： JIDX Contest\r\nTotal score   :  \r\n"
+            "                 High Power(出力100wを超える局),\r\n"
+            "                 Low Power(出力100w以下の局)");
+}
+
+}  // namespace
+}  // namespace varnisto::test

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/line_sink.h"
+#include "support/zlo_log.h"
+#include "zlo/zlo_files.h"
+
+namespace varnisto::test {
+
+class LineList final : public LineSink {
+ public:
+  std::vector<std::string> lines;
+  void put(std::string_view line) override { lines.emplace_back(line); }
+};
+
+inline ZloReader reader_of(const std::string& bytes, const std::string& name = "log.ZLO") {
+  return ZloReader{RecordReader::from_bytes(bytes, name)};
+}
+
+/// What both files of a log hold, and what was counted.
+struct Written {
+  std::vector<std::string> all, jarl;
+  ZloWritten found;
+};
+
+struct Choices {
+  bool transmitter = false, rtty = false, memo_frequency = false;
+};
+
+inline Written written(const std::string& bytes, const Choices& choices = {}) {
+  LineList all, jarl;
+  ZloReader log = reader_of(bytes);
+  ZloWritten found =
+      write_zlo_files(log, {all, &jarl, choices.transmitter, choices.rtty, choices.memo_frequency});
+  return {std::move(all.lines), std::move(jarl.lines), std::move(found)};
+}
+
+}  // namespace varnisto::test
