@@ -29,9 +29,26 @@ struct Field {
   std::size_t width;   ///< in bytes; of a counted text with the length byte
   FieldKind kind = FieldKind::number;
 };
+template <class Record, class Value>
+Field(Value Record::*, std::size_t, std::size_t, FieldKind = FieldKind::number) -> Field<Record, Value>;
+
+namespace detail {
+
+/// True for a byte that is the first one of two.
+constexpr bool is_lead(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
+/// True when the last byte begins a character.
+bool ends_in_half(std::string_view cp932);
+
+}  // namespace detail
 
 /// The text without the lead byte of a character of which a cut left no more.
-std::string_view without_half_character(std::string_view cp932);
+[[gnu::always_inline]] inline std::string_view without_half_character(std::string_view cp932) {
+  if (cp932.empty() || !detail::is_lead(cp932.back())) return cp932;  // nearly always
+  return cp932.substr(0, cp932.size() - (detail::ends_in_half(cp932) ? 1 : 0));
+}
 
 namespace detail {
 
@@ -42,7 +59,7 @@ using UnsignedOf =
                                           std::conditional_t<size == 4, std::uint32_t, std::uint64_t>>>;
 
 template <class Value>
-Value little_endian(std::string_view bytes) {
+Value little_endian(const char* bytes) {
   using Bits = UnsignedOf<sizeof(Value)>;
   Bits bits = 0;
   for (std::size_t i = sizeof(Value); i > 0; --i)
@@ -51,14 +68,17 @@ Value little_endian(std::string_view bytes) {
 }
 
 template <class Record, class Value>
-void read_field(std::string_view bytes, const Field<Record, Value>& field, Record& record) {
-  const std::string_view area = bytes.substr(field.offset, field.width);
-  if constexpr (std::is_arithmetic_v<Value>)
-    record.*field.member = little_endian<Value>(area);
-  else if (field.kind == FieldKind::counted)
-    record.*field.member = without_half_character(area.substr(1, static_cast<unsigned char>(area[0])));
-  else
-    record.*field.member = without_half_character(area);
+[[gnu::always_inline]] inline void read_field(std::string_view bytes, const Field<Record, Value>& field,
+                                              Record& record) {
+  const char* const start = bytes.data() + field.offset;
+  if constexpr (std::is_arithmetic_v<Value>) {
+    record.*field.member = little_endian<Value>(start);
+  } else {
+    const bool counted = field.kind == FieldKind::counted;
+    const std::size_t room = field.width - (counted ? 1 : 0);
+    const std::size_t size = counted ? std::min<std::size_t>(static_cast<unsigned char>(*start), room) : room;
+    record.*field.member = without_half_character({start + field.width - room, size});
+  }
 }
 
 template <class Record, class Value>

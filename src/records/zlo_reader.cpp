@@ -32,7 +32,7 @@ bool ZloReader::next(ZloQso& qso) {
   std::string_view record;
   if (records_.number() == 0 && !records_.next(layout_.record_size, record)) return false;
   if (!records_.next(layout_.record_size, record)) return false;
-  qso = layout_.qso(record);
+  layout_.decode(record, qso);
   return true;
 }
 

@@ -21,8 +21,9 @@ class ZloReader {
   /// The head, before the first QSO. A log shorter than a record has one of zeros. The texts stay valid until
   /// next().
   ZloHeadRecord head();
-  /// The next QSO, invalid ones too; skips the head when nobody read it. False at the end. The texts stay
-  /// valid until the next call. Throws RunTimeError 6 for more than 32,767 records, the head included; 57.
+  /// Sets what a record of this kind holds of the next QSO, invalid ones too; skips the head when nobody read
+  /// it. False at the end. The texts stay valid until the next call. Throws RunTimeError 6 for more than
+  /// 32,767 records, the head included; 57.
   bool next(ZloQso& qso);
 
   /// Number of the record that was read last, the head being 1.

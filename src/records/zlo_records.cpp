@@ -43,10 +43,8 @@ constexpr auto zlox_fields = std::tuple_cat(
 static_assert(fields_fit(zlox_fields, zlox_size));
 
 template <const auto& table>
-ZloQso qso_of(std::string_view record) {
-  ZloQso qso;
+void decode(std::string_view record, ZloQso& qso) {
   read_fields(record, table, qso);
-  return qso;
 }
 
 constexpr std::array<std::string_view, 6> zlo_modes = {"CW", "SSB", "FM", "AM", "RTY", "Other"};
@@ -60,8 +58,8 @@ std::string_view text_of(std::span<const std::string_view> texts, std::uint8_t c
 
 }  // namespace
 
-const ZloLayout zlo_layout{zlo_size, qso_of<zlo_fields>, zlo_modes};
-const ZloLayout zlox_layout{zlox_size, qso_of<zlox_fields>, zlox_modes};
+const ZloLayout zlo_layout{zlo_size, decode<zlo_fields>, zlo_modes};
+const ZloLayout zlox_layout{zlox_size, decode<zlox_fields>, zlox_modes};
 
 ZloHeadRecord zlo_head_record(std::string_view record) {
   ZloHeadRecord head;

@@ -42,8 +42,8 @@ struct ZloQso {
 
 /// What tells the kinds of log apart.
 struct ZloLayout {
-  std::size_t record_size;                  ///< bytes
-  ZloQso (*qso)(std::string_view record);   ///< decodes a QSO record of that size
+  std::size_t record_size;                               ///< bytes
+  void (*decode)(std::string_view record, ZloQso& qso);  ///< takes a QSO record of that size
   std::span<const std::string_view> modes;  ///< mode texts by `mode_code`; empty for a code without a mode
 };
 extern const ZloLayout zlo_layout, zlox_layout;

@@ -9,17 +9,34 @@
 namespace varnisto {
 namespace {
 
-/// True when the Cabrillo log has a name for this mode: it reads the first columns of it.
-bool names_mode(std::string_view mode) {
-  std::array<char, all_columns::mode.width> column{' ', ' ', ' '};
-  std::ranges::copy(mode.substr(0, column.size()), column.begin());
-  return mode_code({column.data(), column.size()}).has_value();
-}
+/// Which codes of a log stand for something that a Cabrillo line has a name for.
+class CabrilloNames {
+ public:
+  explicit CabrilloNames(const ZloLayout& layout) {
+    for (unsigned code = 0; code < modes_.size(); ++code) {
+      modes_.at(code) = names_mode(zlo_mode(layout, static_cast<std::uint8_t>(code)));
+      bands_.at(code) = band_index(zlo_band(static_cast<std::uint8_t>(code))).has_value();
+    }
+  }
+  bool mode(std::uint8_t code) const { return modes_[code]; }
+  bool band(std::uint8_t code) const { return bands_[code]; }
 
-void count_kept(const ZloWalk& walk, const ZloWriting& to, std::string_view all_line, ZloWritten& written) {
+ private:
+  /// The Cabrillo log's writer reads the first columns of a mode.
+  static bool names_mode(std::string_view mode) {
+    std::array<char, all_columns::mode.width> column{' ', ' ', ' '};
+    std::ranges::copy(mode.substr(0, column.size()), column.begin());
+    return mode_code({column.data(), column.size()}).has_value();
+  }
+
+  std::array<bool, 256> modes_{}, bands_{};
+};
+
+void count_kept(const ZloWalk& walk, const ZloWriting& to, const CabrilloNames& names,
+                std::string_view all_line, ZloWritten& written) {
   const std::size_t number = walk.log().number();
-  if (!to.rtty && !(walk.mode_known() && names_mode(walk.mode()))) written.mode_kept.add(number);
-  if (walk.band_known() && band_index(walk.band())) return;
+  if (!to.rtty && !names.mode(walk.qso().mode_code)) written.mode_kept.add(number);
+  if (names.band(walk.qso().band_code)) return;
   if (!to.memo_frequency || !memo_frequency(all_line)) written.band_kept.add(number);
 }
 
@@ -34,19 +51,15 @@ void put_titles(const ZloWriting& to) {
 
 ZloWritten write_zlo_files(ZloReader& log, const ZloWriting& to) {
   ZloWritten written;
+  const CabrilloNames names{log.layout()};
   ZloWalk walk{log};
-  ZloTextMaker texts;
-  std::string line;
+  ZloLines lines{to.transmitter};
   put_titles(to);
   while (walk.next()) {
-    const ZloTexts& qso = texts.texts_of(walk);
-    if (to.jarl) {
-      set_jarl_line(line, qso);
-      to.jarl->put(line);
-    }
-    set_all_line(line, qso, to.transmitter);
-    to.all.put(line);
-    count_kept(walk, to, line, written);
+    lines.take(walk);
+    if (to.jarl) to.jarl->put(lines.jarl());
+    to.all.put(lines.all());
+    count_kept(walk, to, names, lines.all(), written);
   }
   written.count = walk.count();
   return written;

@@ -3,10 +3,8 @@
 namespace varnisto {
 namespace {
 
-/// True when there is a text: then it takes the place of the one before.
-bool replace(std::string_view& kept, std::string_view text) {
+void keep_or_replace(std::string_view& kept, std::string_view text) {
   if (!text.empty()) kept = text;
-  return !text.empty();
 }
 
 }  // namespace
@@ -28,8 +26,8 @@ bool ZloWalk::next() {
       continue;
     }
     ++count_.qsos;
-    mode_known_ = replace(mode_, zlo_mode(log_.layout(), qso_.mode_code));
-    band_known_ = replace(band_, zlo_band(qso_.band_code));
+    keep_or_replace(mode_, zlo_mode(log_.layout(), qso_.mode_code));
+    keep_or_replace(band_, zlo_band(qso_.band_code));
     return true;
   }
   return false;

@@ -36,9 +36,6 @@ class ZloWalk {
   /// Mode and band texts; a code outside the tables keeps the text of the QSO before.
   std::string_view mode() const { return mode_; }
   std::string_view band() const { return band_; }
-  /// False when the code of this QSO is outside the table.
-  bool mode_known() const { return mode_known_; }
-  bool band_known() const { return band_known_; }
 
   const ZloReader& log() const { return log_; }
   const ZloCount& count() const { return count_; }
@@ -47,7 +44,6 @@ class ZloWalk {
   ZloReader& log_;
   ZloQso qso_;
   std::string_view mode_, band_;
-  bool mode_known_ = false, band_known_ = false;
   ZloCount count_;
 };
 
