@@ -188,6 +188,13 @@ TEST(ZloLines, TheFrequencyStandsInFrontOfTheMemo) {
   }
 }
 
+TEST(ZloLines, TheFirstQsoMayBeAllZeros) {
+  const ZloQsoSpec zeros = {.day_count = 25569, .rst_sent = 0, .rst_rcvd = 0, .points = 0};
+  const Written files = written(zlo_log({zeros}), {.transmitter = true});
+  EXPECT_EQ(files.all.back(),
+            "1970/01/01 00:00 QX9DEF       0   25      0   14      -     -     1.9  CW   0  TX#0  ");
+}
+
 TEST(ZloLines, ATextCutWithinACharacterLosesIt) {
   // 9 bytes of the number are four characters and a half.
   const Written files = written(zlo_log({{.day_count = 45990, .sent = "漢字仮名文字", .op = "o"}}));
