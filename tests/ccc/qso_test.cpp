@@ -1,0 +1,269 @@
+#include "ccc/qso.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+#include "ccc/convert.h"
+#include "ccc/power.h"
+#include "ccc/tally.h"
+#include "support/errors.h"
+#include "support/line_list.h"
+#include "support/rows.h"
+
+namespace varnisto::test {
+namespace {
+
+const CccContest& contest_of(std::string_view key) {
+  return *ccc_contest_of(key);
+}
+
+/// A line with texts at these columns, from 1.
+std::string line_with(const std::vector<std::pair<std::size_t, std::string>>& texts) {
+  std::string line = "11 29  0905  40   QX9DEF";
+  for (const auto& [first, text] : texts) {
+    if (line.size() < first - 1) line.resize(first - 1, ' ');
+    line.replace(first - 1, text.size(), text);
+  }
+  return line;
+}
+
+/// The QSO of a line; the options outlive it.
+CccQso parsed(std::string_view line, std::string_view key = "CQWW ", const CccOptions& options = {},
+              CccQso qso = {}) {
+  parse_ccc_line(TextLine{line}, contest_of(key), options, qso);
+  return qso;
+}
+
+CccResult converted(const std::string& bytes, std::string_view key = "CQWW ") {
+  TextReader log = TextReader::from_bytes(bytes);
+  LineList work;
+  const CccResult result = convert_ccc(log, contest_of(key), {}, work);
+  EXPECT_EQ(work.lines.size(), result.qsos);
+  return result;
+}
+
+TEST(CccLine, DateHasTwoDigits) {
+  struct Row {
+    std::string line, month, day;
+  };
+  for (const Row& row :
+       rows_of(Row{" 3  7  0905", "03", "07"}, Row{"3  7   0905", "03", "07"}, Row{"12 31  0905", "12", "31"},
+               Row{"       0905", "0", "0"}, Row{"1", "01", "0"})) {
+    const CccQso qso = parsed(row.line);
+    EXPECT_EQ(qso.month + "/" + qso.day, row.month + "/" + row.day);
+  }
+}
+
+TEST(CccLine, TimeAndCallStandAsTheyAre) {
+  const std::string line = "11 29   905  40    QX1ABCDEFGHIJK";
+  EXPECT_EQ(parsed(line).hhmm, " 905");
+  EXPECT_EQ(parsed(line).call, " QX1ABCDEFGHI");
+  EXPECT_EQ(parsed("11 29  09").hhmm, "09");
+  EXPECT_EQ(parsed("11 29  09").call, "");
+}
+
+TEST(CccLine, ColumnsAreCharacters) {
+  const std::string line = line_with({{35, "599"}, {40, "14"}, {56, "3"}});
+  const std::string wide = line.substr(0, 18) + "漢字" + line.substr(20);
+  const CccQso qso = parsed(wide);
+  EXPECT_EQ(qso.call, "漢字9DEF       ");
+  EXPECT_EQ(std::string{qso.rcvd_rst} + "/" + std::string{qso.points}, "599/3");
+}
+
+TEST(CccLine, FrequencyComesFromTheBandOrThePreviousLine) {
+  struct Row {
+    std::string band, freq5, as_1800;
+  };
+  for (const Row& row :
+       rows_of(Row{"160", " 1900", " 1800"}, Row{"80 ", " 3500", " 3500"}, Row{" 40", " 7000", " 7000"},
+               Row{"20 ", "14000", "14000"}, Row{"15 ", "21000", "21000"}, Row{"10 ", "28000", "28000"},
+               Row{"6  ", " 1900", " 1800"}, Row{"   ", " 1900", " 1800"})) {
+    SCOPED_TRACE(row.band);
+    CccQso previous;
+    previous.freq5 = " 1900";
+    const std::string line = line_with({{14, row.band}});
+    EXPECT_EQ(parsed(line, "CQWW ", {}, previous).freq5, row.freq5);
+    EXPECT_EQ(parsed(line, "CQWW ", {.as_1800 = true}, previous).freq5, row.as_1800);
+  }
+  EXPECT_EQ(parsed(line_with({{14, "6  "}})).freq5, "     ");
+}
+
+TEST(CccLine, ModeFollowsTheWidthOfAReport) {
+  struct Row {
+    std::string key, first, second;  ///< reports in columns 35 and 47
+    std::string mode, sent, rtty_mode, rtty_sent;
+  };
+  for (const Row& row : rows_of(
+           Row{"CQWW ", "599", "", "CW", "599", "RY", "57"}, Row{"CQWW ", "59", "", "PH", "59", "RY", "57"},
+           Row{"CQWW ", "", "599", "PH", "59", "RY", "57"}, Row{"JIDX ", "579", "", "CW", "599", "CW", "599"},
+           Row{"JIDX ", " 59", "", "PH", "59", "PH", "59"},
+           Row{"IARU ", "579", "59", "CW", "579", "RY", "579"},
+           Row{"IARU ", "57", "599", "PH", "57", "RY", "57"},
+           Row{"ARRLD", "449", "59", "CW", "449", "RY", "449"}, Row{"ARRLD", "", "599", "PH", "", "RY", ""},
+           Row{"CQWPX", "599", "59", "CW", "599", "CW", "599"},
+           Row{"CQWPX", "59", "599", "PH", "59", "PH", "59"})) {
+    SCOPED_TRACE(row.key + row.first);
+    CccQso previous;
+    previous.sent_rst = "57";
+    const std::string line = line_with({{35, row.first}, {47, row.second}});
+    const CccQso plain = parsed(line, row.key, {}, previous);
+    EXPECT_EQ(plain.mode2, row.mode);
+    EXPECT_EQ(plain.sent_rst, row.sent);
+    const CccQso rtty = parsed(line, row.key, {.rtty = true}, previous);
+    EXPECT_EQ(rtty.mode2, row.rtty_mode);
+    EXPECT_EQ(rtty.sent_rst, row.rtty_sent);
+  }
+}
+
+TEST(CccLine, EachContestHasItsColumns) {
+  struct Row {
+    std::string key, sent, rcvd_rst, rcvd, mult1, mult2, points;
+  };
+  const std::string line = "11 29  0905  40   QX9DEF          abcd-efghijklmnopqrstuvwxyz0123456789ABCDEFGH";
+  for (const Row& row : rows_of(Row{"CQWW ", "25", "abc", "efghij", "ijkl", "mnop", "uv"},
+                                Row{"JIDX ", "13", "abc", "efghij", "ijk", "mnop", "u"},
+                                Row{"IARU ", "efghij", "lmn", "qrstuv", "yz0123", "", "67"},
+                                Row{"ARRLD", "13", "lmn", "qrstuv", "yz0123", "", "67"},
+                                Row{"CQWPX", "efgh", "lmn", "qrstuv", "yz01", "", "56"})) {
+    SCOPED_TRACE(row.key);
+    const CccQso qso = parsed(line, row.key, {.number = "13"});
+    EXPECT_EQ(
+        (std::vector{qso.sent_exch, qso.rcvd_rst, qso.rcvd_exch, qso.mult1, qso.mult2, qso.points}),
+        (std::vector<std::string_view>{row.sent, row.rcvd_rst, row.rcvd, row.mult1, row.mult2, row.points}));
+  }
+}
+
+TEST(CccTally, MultipliersCountUnlessBlankOrADash) {
+  struct Row {
+    std::string key, mult1, mult2;
+    int count1, count2;
+  };
+  for (const Row& row :
+       rows_of(Row{"CQWW ", "14", "QX9", 1, 1}, Row{"CQWW ", "-", "-", 0, 0}, Row{"CQWW ", "", "", 0, 0},
+               Row{"CQWW ", "--", "- -", 1, 1}, Row{"IARU ", "-", "", 0, 0}, Row{"ARRLD", "-", "", 0, 0},
+               Row{"JIDX ", "-", "-", 0, 0}, Row{"CQWPX", "-", "", 1, 0}, Row{"CQWPX", "", "", 0, 0})) {
+    SCOPED_TRACE(row.key + row.mult1);
+    CccQso qso;
+    qso.band = 5;
+    qso.mult1 = row.mult1;
+    qso.mult2 = row.mult2;
+    CccTally tally;
+    tally_ccc_qso(qso, contest_of(row.key), tally);
+    EXPECT_EQ(tally.bands[5].mult1, row.count1);
+    EXPECT_EQ(tally.bands[5].mult2, row.count2);
+  }
+}
+
+TEST(CccTally, PointsAreRoundedSumBySum) {
+  struct Row {
+    std::vector<std::string_view> points;
+    int sum;
+  };
+  for (const Row& row : rows_of(Row{{"3", "12"}, 15}, Row{{"", "x", "-"}, 0}, Row{{"1.5", "1"}, 3},
+                                Row{{"1", "1.5"}, 2}, Row{{"5", "-2"}, 3}, Row{{"3x"}, 3}, Row{{"1e2"}, 1})) {
+    CccTally tally;
+    CccQso qso;
+    qso.band = 0;
+    for (const std::string_view points : row.points) {
+      qso.points = points;
+      tally_ccc_qso(qso, contest_of("CQWW "), tally);
+    }
+    EXPECT_EQ(tally.bands[0].points, row.sum);
+  }
+}
+
+TEST(CccTally, AQsoOnAnotherBandCountsNowhere) {
+  const CccResult result =
+      converted("CCC\r\n" + line_with({{14, "6  "}, {35, "599"}, {44, "14"}, {48, "QX"}, {56, "9"}}));
+  EXPECT_EQ(result.qsos, 1U);
+  const CccTally& tally = result.tally;
+  EXPECT_EQ(
+      tally.cw + tally.ssb + tally.rtty + tally.qsos + tally.points + tally.mult1 + tally.mult2 + tally.score,
+      0);
+  EXPECT_EQ(result.band_kept.count, 1);
+}
+
+TEST(CccTally, RttyHasACounterOfItsOwn) {
+  CccQso qso;
+  qso.band = 0;
+  CccTally tally;
+  for (const std::string_view mode : {"RY", "RY", "RY", "CW", "CW", "PH"}) {
+    qso.mode2 = mode;
+    tally_ccc_qso(qso, contest_of("CQWW "), tally);
+  }
+  EXPECT_EQ((std::vector<int>{tally.rtty, tally.cw, tally.ssb}), (std::vector<int>{3, 2, 1}));
+}
+
+TEST(CccTally, CountersOverflowBeyond16BitsAndTheScoreBeyond32) {
+  constexpr std::int16_t most = std::numeric_limits<std::int16_t>::max();
+  const auto counted = [](CccTally tally) {
+    CccQso qso;
+    qso.band = 1;
+    qso.mode2 = "CW";
+    qso.mult1 = qso.mult2 = qso.points = "1";
+    return error_of([&] { tally_ccc_qso(qso, contest_of("CQWW "), tally); });
+  };
+  EXPECT_EQ(counted({}), 0);
+  for (std::int16_t CccBandTally::*counter :
+       {&CccBandTally::qsos, &CccBandTally::points, &CccBandTally::mult1, &CccBandTally::mult2}) {
+    CccTally tally;
+    tally.bands[1].*counter = most;
+    EXPECT_EQ(counted(tally), RunTimeError::overflow);
+    EXPECT_EQ(error_of([&] { sum_ccc_tally(tally); }), 0);
+    tally.bands[4].*counter = 1;
+    EXPECT_EQ(error_of([&] { sum_ccc_tally(tally); }), RunTimeError::overflow);
+  }
+  EXPECT_EQ(counted({.cw = most}), RunTimeError::overflow);
+  CccTally tally;
+  tally.bands[0] = {0, most, most, most};
+  sum_ccc_tally(tally);
+  EXPECT_EQ(tally.score, 2147352578);
+  tally.bands[0].points = tally.bands[0].mult1 = tally.bands[0].mult2 = -most;
+  tally.bands[1] = {};
+  EXPECT_EQ(error_of([&] { sum_ccc_tally(tally); }), 0);
+  EXPECT_EQ(tally.score, 2147352578);
+}
+
+TEST(CccLog, BlankLinesAreNoQsosAndLinesCountInTheFile) {
+  const std::string blank_report = line_with({{14, "6  "}});
+  const std::string other_band = line_with({{14, "6  "}, {35, "599"}});
+  const std::string bytes =
+      "CCC\r\n\r\n   \r\n" + blank_report + "\r\n\r\n" + other_band + "\r\n" + other_band + "\r\n";
+  const CccResult result = converted(bytes);
+  EXPECT_EQ(result.qsos, 3U);
+  EXPECT_EQ(result.left_out.count, 1);
+  EXPECT_EQ(result.left_out.first_line, 4U);
+  EXPECT_EQ(result.band_kept.count, 2);
+  EXPECT_EQ(result.band_kept.first_line, 6U);
+  const CccResult ardx = converted(bytes, "ARRLD");  // writes QSOs without report
+  EXPECT_EQ(ardx.left_out.count, 0);
+  EXPECT_EQ(ardx.band_kept.count, 3);
+  for (const std::string key : {"IARU ", "JIDX ", "CQWPX"})
+    EXPECT_GT(converted(bytes, key).left_out.count, 0);
+}
+
+TEST(CccLog, WithoutQsosIsEmptyNotAnError) {
+  for (const std::string bytes : {"", "CCC TXT file for CQWW contest", "CCC\r\n",
+                                  "CCC\r\n \r\n\r\n\x1A"
+                                  "11 29"})
+    EXPECT_EQ(converted(bytes).qsos, 0U);
+}
+
+TEST(CccPower, HighestIsTheFirstOfItsValue) {
+  struct Row {
+    std::vector<std::string> powers;
+    std::string highest;
+  };
+  for (const Row& row :
+       rows_of(Row{{"100", "1K", "500"}, "1K"}, Row{{"KW", "1000", "1k"}, "KW"}, Row{{"1000", "KW"}, "1000"},
+               Row{{"1000", "1001"}, "1001"}, Row{{"", "x", "0", "0.5"}, "0"}, Row{{"0.6", "5", " 5"}, "5"},
+               Row{{}, "0"}, Row{{"12345"}, "1234"})) {
+    std::string bytes = line_with({{40, "9999"}}) + "\n";  // a first line counts never
+    for (const std::string& power : row.powers) bytes += line_with({{40, power}}) + "\n";
+    TextReader log = TextReader::from_bytes(bytes);
+    EXPECT_EQ(highest_ccc_power(log), row.highest);
+  }
+}
+
+}  // namespace
+}  // namespace varnisto::test
