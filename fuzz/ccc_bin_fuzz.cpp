@@ -24,7 +24,7 @@ std::string file_of(const std::vector<std::string>& lines) {
 void convert(const std::string& text_log, const CccContest& contest, std::size_t records) try {
   TextReader log = TextReader::from_bytes(text_log);
   fuzz::LineList work;
-  const CccResult result = convert_ccc(log, contest, {}, work);
+  const CccResult result = convert_ccc(log, contest, {}, &work);
   fuzz::require(result.qsos == records, "every record is a QSO");
 } catch (const RunTimeError& error) {
   fuzz::require(error.number == RunTimeError::overflow, "only counters overflow");

@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   TextReader log = TextReader::from_bytes(bytes);
   fuzz::LineList work;
   try {
-    const CccResult result = convert_ccc(log, contest, options, work);
+    const CccResult result = convert_ccc(log, contest, options, &work);
     fuzz::require(result.qsos == work.lines.size(), "every QSO is counted");
     fuzz::require(result.tally.qsos <= static_cast<std::int32_t>(result.qsos), "no QSO counts twice");
   } catch (const RunTimeError& error) {

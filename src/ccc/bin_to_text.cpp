@@ -18,24 +18,68 @@ constexpr std::array<std::string_view, 11> powers = {"1",  "2",   "5",   "10",  
 /// The ITU zone of Japan, sent in the IARU contest.
 constexpr std::string_view itu_zone = "45";
 
-/// Decimal digits of a number, with zeros in front to at least `width`.
-class Digits {
+// Columns of a line that every contest has alike, or not at all.
+constexpr std::size_t band_width = 5, call_width = 16, report_width = 5, sent_width = 7;
+/// Bytes of 80 characters of any kind; a power that was typed may be longer.
+constexpr std::size_t longest_line_of_records = 320;
+
+std::size_t digit_count(std::uint32_t value) {
+  std::size_t count = 1;
+  for (; value >= 10; value /= 10) ++count;
+  return count;
+}
+
+/// Fills the columns of a line from the left. What no text takes is blank.
+class LineFiller {
  public:
-  Digits(std::uint32_t value, std::size_t width) {
-    for (; value > 0 || size_ < width; value /= 10)
-      digits_.at(digits_.size() - ++size_) = static_cast<char>('0' + value % 10);
+  /// `room`: bytes that the line may take.
+  LineFiller(std::string& line, std::size_t room) : line_(line) {
+    line.assign(room, ' ');
+    end_ = line.data();
   }
-  std::string_view all() const { return last(size_); }
-  std::string_view last(std::size_t n) const { return {digits_.data() + digits_.size() - n, n}; }
+  /// A text in `width` columns, cut to them.
+  void text(std::string_view text, std::size_t width) {
+    const std::string_view kept = left(text, width);
+    end_ = copy_piece(end_, kept) + (width - char_count(kept));
+  }
+  /// The last `digits` digits of a number.
+  void number(std::uint32_t value, std::size_t digits) {
+    for (std::size_t i = digits; i-- > 0; value /= 10) end_[i] = static_cast<char>('0' + value % 10);
+    end_ += digits;
+  }
+  void blanks(std::size_t count) { end_ += count; }
+  void finish() { line_.resize(static_cast<std::size_t>(end_ - line_.data())); }
 
  private:
-  std::array<char, 10> digits_{};
-  std::size_t size_ = 0;
+  std::string& line_;
+  char* end_;
 };
+
+void put_time(const CccRecord& rec, LineFiller& out) {
+  out.number(rec.month, 2);
+  out.blanks(1);
+  out.number(rec.day, 2);
+  out.blanks(2);
+  out.number(rec.hhmm, 4);
+  out.blanks(2);
+}
+
+void put_serial(std::uint32_t serial, std::size_t width, LineFiller& out) {
+  const std::size_t digits = std::max<std::size_t>(digit_count(serial), 3);
+  out.number(serial, digits);
+  out.blanks(width - digits);
+}
 
 bool possible_time(const CccRecord& rec) {
   return rec.month >= 1 && rec.month <= 12 && rec.day >= 1 && rec.day <= 31 && rec.hhmm < 2400 &&
          rec.hhmm % 100 < 60;
+}
+
+void put_sent(CccBinSent sent, const CccRecord& rec, std::string_view power, LineFiller& out) {
+  if (sent == CccBinSent::serial)
+    put_serial(rec.sent_serial, sent_width, out);
+  else
+    out.text(sent == CccBinSent::power ? power : itu_zone, sent_width);
 }
 
 /// Takes the entry of a code over; false when there is none, and `text` stays.
@@ -62,16 +106,15 @@ void drop_half_character(std::string& text) {
 CccTextLines::CccTextLines(const CccContest& contest, std::optional<std::string> fixed_power)
     : contest_(contest), fixed_power_(std::move(fixed_power)) {}
 
-/// A text of a record without control characters, as UTF-8; in `room` unless it can stay where it is.
-std::string_view CccTextLines::text_of(std::string_view bytes, std::string& room) {
-  const bool control = holds_control(bytes);
-  if (!control && is_ascii(bytes)) return bytes;
-  room.clear();
-  code_page_.decode(bytes, room);
-  drop_half_character(room);
+/// A text of a record without control characters, as UTF-8, valid until the next call.
+std::string_view CccTextLines::text_of(std::string_view bytes) {
+  if (is_ascii(bytes) && !holds_control(bytes)) return bytes;
+  decoded_.clear();
+  code_page_.decode(bytes, decoded_);
+  drop_half_character(decoded_);
   std::ranges::replace_if(
-      room, [](char c) { return is_control(c) || c == '\t'; }, ' ');
-  return room;
+      decoded_, [](char c) { return is_control(c) || c == '\t'; }, ' ');
+  return decoded_;
 }
 
 void CccTextLines::take_power(std::uint32_t code) {
@@ -95,15 +138,20 @@ const std::string& CccTextLines::line_of(const CccRecord& rec) {
   ++number_;
   take_codes(rec);
   const CccLine& line = contest_.line;
-  const Digits month{rec.month, 2}, day{rec.day, 2}, time{rec.hhmm, 4}, serial{rec.sent_serial, 3};
-  const std::array<std::string_view, 4> sent = {"", power_, itu_zone, serial.all()};  // by CccBinSent
-  set_joined(line_, month.last(2), " ", day.last(2), "  ", time.last(4), "  ", left_aligned(band_, 5),
-             left_aligned(text_of(rec.call, call_), 16), left_aligned(rst_, line.sent_rst_width),
-             left_aligned(sent.at(static_cast<std::size_t>(line.sent)), line.sent_width),
-             left_aligned(rst_, 5), left_aligned(text_of(rec.exchange, exchange_), line.exchange_width),
-             left_aligned(rec.new_mult == 0 ? "" : text_of(rec.*line.mult, new_mult_), line.new_mult_width),
-             left_aligned(text_of(rec.mult_text, mult_text_), line.mult_text_width),
-             Digits{rec.points, 1}.all());
+  LineFiller out{line_, longest_line_of_records + power_.size()};
+  put_time(rec, out);
+  out.text(band_, band_width);
+  out.text(text_of(rec.call), call_width);
+  if (line.sent != CccBinSent::nothing) {
+    out.text(rst_, report_width);
+    put_sent(line.sent, rec, power_, out);
+  }
+  out.text(rst_, report_width);
+  out.text(text_of(rec.exchange), line.exchange_width);
+  out.text(rec.new_mult == 0 ? "" : text_of(rec.*line.mult), line.new_mult_width);
+  if (line.mult_text_width > 0) out.text(text_of(rec.mult_text), line.mult_text_width);
+  out.number(rec.points, digit_count(rec.points));
+  out.finish();
   return line_;
 }
 

@@ -41,7 +41,7 @@ class CccTextLines {
  private:
   void take_codes(const CccRecord& rec);
   void take_power(std::uint32_t code);
-  std::string_view text_of(std::string_view bytes, std::string& room);
+  std::string_view text_of(std::string_view bytes);
 
   const CccContest& contest_;
   const std::optional<std::string> fixed_power_;
@@ -49,7 +49,7 @@ class CccTextLines {
   std::size_t number_ = 0;  ///< of the record
   CccBinCounts counts_;
   CodePage code_page_;
-  std::string call_, exchange_, new_mult_, mult_text_;  ///< room for texts that are not as they stand
+  std::string decoded_;  ///< a text that is not as it stands in the record
   std::string line_;
 };
 

@@ -11,10 +11,10 @@ namespace {
 constexpr std::string_view before_name = "CCC TXT file for";
 constexpr std::string_view behind_name = "contest";
 
-constexpr CccLine zone_line{CccBinSent::nothing, 0, 0, 4, 4, 8, &CccRecord::exchange};
-constexpr CccLine power_line{CccBinSent::power, 5, 7, 8, 8, 0, &CccRecord::exchange};
-constexpr CccLine iaru_line{CccBinSent::itu_zone, 5, 7, 8, 8, 0, &CccRecord::exchange};
-constexpr CccLine serial_line{CccBinSent::serial, 5, 7, 8, 8, 0, &CccRecord::mult_text};
+constexpr CccLine zone_line{CccBinSent::nothing, 4, 4, 8, &CccRecord::exchange};
+constexpr CccLine power_line{CccBinSent::power, 8, 8, 0, &CccRecord::exchange};
+constexpr CccLine iaru_line{CccBinSent::itu_zone, 8, 8, 0, &CccRecord::exchange};
+constexpr CccLine serial_line{CccBinSent::serial, 8, 8, 0, &CccRecord::mult_text};
 
 constexpr Columns rst_first{35, 3}, exch_first{40, 6};    // the first report of a line
 constexpr Columns rst_second{47, 3}, exch_second{52, 6};  // the received one behind the sent one

@@ -50,7 +50,7 @@ enum class CccBinSent { nothing, power, itu_zone, serial };
 /// there.
 struct CccLine {
   CccBinSent sent;
-  std::size_t sent_rst_width, sent_width, exchange_width, new_mult_width, mult_text_width;
+  std::size_t exchange_width, new_mult_width, mult_text_width;
   std::string_view CccRecord::*mult;  ///< shown in the column of new multipliers
 };
 

@@ -14,7 +14,7 @@ void note_qso(const CccQso& qso, const CccContest& contest, std::size_t line, Cc
 
 }  // namespace
 
-CccResult convert_ccc(TextReader& log, const CccContest& contest, const CccOptions& options, LineSink& work) {
+CccResult convert_ccc(TextReader& log, const CccContest& contest, const CccOptions& options, LineSink* work) {
   CccResult result;
   CccQso qso;
   std::string record;
@@ -25,9 +25,10 @@ CccResult convert_ccc(TextReader& log, const CccContest& contest, const CccOptio
     parse_ccc_line(TextLine{text, log.ascii()}, contest, options, qso);
     tally_ccc_qso(qso, contest, result.tally);
     note_qso(qso, contest, log.line_number(), result);
-    set_ccc_work_line(qso, record);
-    work.put(record);
     ++result.qsos;
+    if (work == nullptr) continue;
+    set_ccc_work_line(qso, record);
+    work->put(record);
   }
   sum_ccc_tally(result.tally);
   return result;

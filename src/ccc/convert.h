@@ -20,8 +20,8 @@ struct CccResult {
 };
 
 /// Reads a text log from its first line, which only names the contest, to its end and puts one line a QSO
-/// into the work file. Blank lines are no QSOs. Throws RunTimeError 6 when a counter or the score overflows,
-/// and what reader and sink throw.
-CccResult convert_ccc(TextReader& log, const CccContest& contest, const CccOptions& options, LineSink& work);
+/// into the work file; null: only counts. Blank lines are no QSOs. Throws RunTimeError 6 when a counter or
+/// the score overflows, and what reader and sink throw.
+CccResult convert_ccc(TextReader& log, const CccContest& contest, const CccOptions& options, LineSink* work);
 
 }  // namespace varnisto

@@ -28,6 +28,7 @@ struct CccQso {
   std::string_view mode2 = "  ";     ///< Cabrillo mode: "CW", "PH", "RY"
   std::string_view sent_rst, sent_exch, rcvd_rst, rcvd_exch;
   std::string_view mult1, mult2, points;
+  bool quoted = false;  ///< one of the texts may hold a double quote
 };
 
 /// Takes one line into `qso`. A line too short for a column leaves that field blank; an unknown band leaves

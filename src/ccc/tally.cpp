@@ -18,6 +18,8 @@ void count_mode(std::string_view mode2, CccTally& tally) {
 
 /// Points may have a fraction: each sum is a whole number.
 void add_points(std::int16_t& sum, std::string_view points) {
+  if (points.size() == 1 && points.front() >= '0' && points.front() <= '9')
+    return add_checked(sum, points.front() - '0', "pts_sum");  // nearly every line
   const std::int64_t rounded = round_half_even(sum + numeric_value(points));
   add_checked(sum, rounded - sum, "pts_sum");
 }

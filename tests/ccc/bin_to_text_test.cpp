@@ -88,6 +88,8 @@ TEST(CccBinToText, PowerComesFromItsCodeOrIsFixed) {
   const Made fixed = arrldx({{.power = 10}, {.power = 77}}, "100");
   EXPECT_EQ(column(fixed, 40, 9), "[100    59][100    59]");
   EXPECT_EQ(fixed.counts.power_kept.count, 0);
+  EXPECT_EQ(column(arrldx({{}}, "123456789"), 40, 10), "[1234567599]");
+  EXPECT_EQ(arrldx({{}}, std::string(999, '\x80')).lines.size(), 1U);  // typed, but no text
 }
 
 TEST(CccBinToText, TextsLoseControlCharactersAndKeepTheirColumns) {

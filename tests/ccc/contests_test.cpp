@@ -106,7 +106,7 @@ TEST_P(CccContests, ATextLogGivesWorkFileAndTallies) {
   TextReader log = file("log.txt");
   LineList work;
   const std::string number = GetParam().key == "JIDX " ? "13" : "KW";
-  const CccResult result = convert_ccc(log, contest, {.number = number}, work);
+  const CccResult result = convert_ccc(log, contest, {.number = number}, &work);
   EXPECT_EQ(work.lines, lines("work.txt"));
   EXPECT_EQ(result.qsos, work.lines.size());
   std::vector<int> bands;

@@ -37,8 +37,10 @@ CccQso parsed(std::string_view line, std::string_view key = "CQWW ", const CccOp
 CccResult converted(const std::string& bytes, std::string_view key = "CQWW ") {
   TextReader log = TextReader::from_bytes(bytes);
   LineList work;
-  const CccResult result = convert_ccc(log, contest_of(key), {}, work);
+  const CccResult result = convert_ccc(log, contest_of(key), {}, &work);
   EXPECT_EQ(work.lines.size(), result.qsos);
+  TextReader again = TextReader::from_bytes(bytes);
+  EXPECT_EQ(convert_ccc(again, contest_of(key), {}, nullptr).qsos, result.qsos);
   return result;
 }
 
@@ -131,6 +133,14 @@ TEST(CccLine, EachContestHasItsColumns) {
         (std::vector{qso.sent_exch, qso.rcvd_rst, qso.rcvd_exch, qso.mult1, qso.mult2, qso.points}),
         (std::vector<std::string_view>{row.sent, row.rcvd_rst, row.rcvd, row.mult1, row.mult2, row.points}));
   }
+}
+
+TEST(CccWorkFile, QuotesInTextsAreDoubled) {
+  std::string line;
+  set_ccc_work_line(parsed(line_with({{35, "5\"9"}, {40, "1\"\"2"}})), line);
+  EXPECT_EQ(line, R"("11","29","0905","QX9DEF       "," 7000","599","25","5""9","1""""2","CW")");
+  set_ccc_work_line(parsed("11 29  0905", "ARRLD", {.number = "\"K"}), line);
+  EXPECT_EQ(line, R"("11","29","0905","","     ","","""K","","","PH")");
 }
 
 TEST(CccTally, MultipliersCountUnlessBlankOrADash) {
