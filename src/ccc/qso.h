@@ -25,7 +25,7 @@ struct CccQso {
   std::string_view call;             ///< thirteen columns as they stand
   std::optional<std::size_t> band;   ///< among ccc_bands; nothing for another text
   std::string_view freq5 = "     ";  ///< Cabrillo frequency field
-  std::string_view mode2 = "  ";     ///< Cabrillo mode: "CW", "PH", "RY"
+  std::string_view mode2;            ///< Cabrillo mode: "CW", "PH", "RY"
   std::string_view sent_rst, sent_exch, rcvd_rst, rcvd_exch;
   std::string_view mult1, mult2, points;
   bool quoted = false;  ///< one of the texts may hold a double quote
