@@ -45,8 +45,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   ZloReader head_log = open(), scan_log = open(), power_log = open(), log = open();
   const ZloHead head = read_zlo_head(head_log);
   fuzz::require(trim(head.title) == head.title && trim(head.call) == head.call, "head texts are trimmed");
-  const ZloScan scan = scan_zlo(scan_log, (bits & 2U) != 0);
-  fuzz::require(scan.mode_sel() >= 0 && scan.mode_sel() <= 3, "there are four modes");
+  ScanState scan;
+  scan_zlo(scan_log, (bits & 2U) != 0).tell(scan);
+  fuzz::require(scan.mode_sel <= Mode::rtty && scan.band_sel <= Band::m10, "modes and bands of the dialog");
   fuzz::require(char_count(highest_zlo_power(power_log)) <= 9, "a number has nine bytes");
   fuzz::LineList all, jarl;
   try {

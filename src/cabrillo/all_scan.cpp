@@ -1,7 +1,6 @@
 #include "cabrillo/all_scan.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/checked_int.h"
 #include "base/text.h"
@@ -13,21 +12,15 @@
 namespace varnisto {
 namespace {
 
-/// QSOs of a log by mode and band. The scan has its own counters; the summary's tallies stay untouched.
-struct ScanCounts {
-  std::int32_t ssb = 0, cw = 0, rtty = 0;
-  std::array<std::int32_t, band_count> bands{};
-};
-
-void count_mode(ScanCounts& counts, std::string_view column) {
-  const auto mode = mode_of_column(column);
-  if (mode == Mode::cw) ++counts.cw;
-  if (mode == Mode::ssb) ++counts.ssb;
-  if (mode == Mode::rtty) ++counts.rtty;
+/// The one mode with QSOs.
+Mode mode_of(const ScanCounts& counts) {
+  const bool cw = counts.cw > 0, ssb = counts.ssb > 0, rtty = counts.rtty > 0;
+  if (cw + ssb + rtty != 1) return Mode::mixed;
+  return cw ? Mode::cw : ssb ? Mode::ssb : Mode::rtty;
 }
 
 /// The one band with QSOs; all when there are several or none.
-Band band_selection(const ScanCounts& counts) {
+Band band_of(const ScanCounts& counts) {
   const auto worked = [](std::int32_t count) { return count > 0; };
   if (std::ranges::count_if(counts.bands, worked) != 1) return Band::all;
   return band_at(static_cast<std::size_t>(std::ranges::find_if(counts.bands, worked) - counts.bands.begin()));
@@ -41,9 +34,8 @@ ScanCounts scan(const std::string& path, bool rtty) {
   while (reader.next(text)) {
     if (!holds_qso(text)) continue;
     const TextLine line{text, reader.ascii()};
-    if (!rtty) count_mode(counts, line.cut(all_columns::mode));
-    if (const auto band = band_of_megahertz(trim(line.cut(all_columns::band))))
-      ++counts.bands[index_of(*band)];
+    if (!rtty) counts.add(mode_of_column(line.cut(all_columns::mode)));
+    if (const auto band = band_of_megahertz(trim(line.cut(all_columns::band)))) counts.add(*band);
   }
   return counts;
 }
@@ -67,10 +59,16 @@ double power_value(std::string_view text) {
 
 }  // namespace
 
-Mode mode_selection(bool has_cw, bool has_ssb, bool has_rtty) {
-  if (has_cw) return has_ssb || has_rtty ? Mode::mixed : Mode::cw;
-  if (has_ssb) return has_rtty ? Mode::mixed : Mode::ssb;
-  return has_rtty ? Mode::rtty : Mode::mixed;
+void ScanCounts::add(std::optional<Mode> mode) {
+  if (mode == Mode::cw) ++cw;
+  if (mode == Mode::ssb) ++ssb;
+  if (mode == Mode::rtty) ++rtty;
+}
+
+void ScanCounts::tell(ScanState& found) const {
+  found.mode_sel = mode_of(*this);
+  found.band_sel = band_of(*this);
+  found.lowband = bands[0] + bands[1] + bands[2] > 0;
 }
 
 std::string_view why_no_all_log(const std::string& path) {
@@ -91,10 +89,7 @@ void get_mode_band_all(App& app, ScanState& found) {
   if (to_upper(right(input.in_name, 4)) == ".BIN")
     input.in_name = input.in_name.substr(0, input.in_name.size() - 4) + "_cb2t.txt";
 
-  const ScanCounts counts = scan(input.in_name, app.state.settings.mode_2_rtty_flag);
-  found.mode_sel = mode_selection(counts.cw > 0, counts.ssb > 0, counts.rtty > 0);
-  found.band_sel = band_selection(counts);
-  found.lowband = counts.bands[0] + counts.bands[1] + counts.bands[2] > 0;
+  scan(input.in_name, app.state.settings.mode_2_rtty_flag).tell(found);
 }
 
 void get_power_all(App& app, ScanState& found) {

@@ -1,7 +1,10 @@
 #pragma once
 // Scans of a zLog text log that guess the category: modes, bands, power.
 
+#include <array>
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/app.h"
@@ -11,6 +14,18 @@ namespace varnisto {
 /// Why this file cannot be read as a zLog text log, in the user's words: nothing but blank lines behind the
 /// title line, or no line there that begins with a date. Empty for a log. Throws RunTimeError.
 std::string_view why_no_all_log(const std::string& path);
+
+/// QSOs of a log by mode and band, from which the category is guessed. A scan has counters of its own; the
+/// summary's tallies stay untouched.
+struct ScanCounts {
+  std::int32_t ssb = 0, cw = 0, rtty = 0;  ///< other modes count nowhere
+  std::array<std::int32_t, band_count> bands{};
+
+  void add(std::optional<Mode> mode);
+  void add(Band band) { ++bands[index_of(band)]; }
+  /// Puts what they say into `mode_sel`, `band_sel` and `lowband`.
+  void tell(ScanState& found) const;
+};
 
 /// Guesses mode and band category from the log `in_name`: sets `mode_sel`, `band_sel` and `lowband` of
 /// `found`. For a CCC binary log `in_name` first becomes the CCC text made from it. Throws RunTimeError.
@@ -26,8 +41,5 @@ std::string power_label(const ScanState& scan);
 std::optional<Power> power_category(std::string_view power);
 /// Chooses the power that `max_power_text` stands for. Without a power in the log the choice stays.
 void select_power_of_log(App& app);
-
-/// `mode_sel` from the QSOs of a log by mode.
-Mode mode_selection(bool has_cw, bool has_ssb, bool has_rtty);
 
 }  // namespace varnisto

@@ -6,6 +6,7 @@
 
 #include "base/short_text.h"
 #include "base/text.h"
+#include "core/bands.h"
 
 namespace varnisto {
 namespace {
@@ -90,9 +91,10 @@ bool take_code(const std::array<std::string_view, size>& table, std::uint32_t co
   return true;
 }
 
-constexpr std::array<std::string_view, ccc_bands.size()> metres = [] {
-  std::array<std::string_view, ccc_bands.size()> names;
-  std::ranges::transform(ccc_bands, names.begin(), &CccBand::metres);
+/// By band code.
+constexpr std::array<std::string_view, band_count> metres = [] {
+  std::array<std::string_view, band_count> names;
+  for (std::size_t code = 0; code < band_count; ++code) names[code] = names_of(band_at(code)).metres;
   return names;
 }();
 

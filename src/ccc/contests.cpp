@@ -102,13 +102,6 @@ constexpr std::string_view cqww_other_key = "CQ-WW", cqww_key = "CQWW ";
 
 }  // namespace
 
-std::optional<std::size_t> ccc_band_index(std::string_view metres) {
-  const auto* hit =
-      std::ranges::find_if(ccc_bands, [&](const CccBand& band) { return same_text(band.metres, metres); });
-  return hit == ccc_bands.end() ? std::nullopt
-                                : std::optional{static_cast<std::size_t>(hit - ccc_bands.begin())};
-}
-
 std::span<const CccContest> ccc_contests() {
   return contests;
 }

@@ -13,16 +13,6 @@
 
 namespace varnisto {
 
-/// A band as text logs name it (metres), and its Cabrillo frequency field.
-struct CccBand {
-  std::string_view metres, freq5;
-};
-/// In the order of the band codes of binary logs.
-inline constexpr std::array<CccBand, 6> ccc_bands = {
-    {{"160", " 1900"}, {"80", " 3500"}, {"40", " 7000"}, {"20", "14000"}, {"15", "21000"}, {"10", "28000"}}};
-/// Index of a band among them; nothing for another text.
-std::optional<std::size_t> ccc_band_index(std::string_view metres);
-
 /// Where a text log has a field that some contests lack.
 inline constexpr Columns no_column{1, 0};
 

@@ -23,8 +23,8 @@ void set_two_digits(std::string& out, std::string_view number) {
 
 void take_band(std::string_view metres, bool as_1800, CccQso& qso) {
   constexpr std::string_view as_logged = " 1900", as_wanted = " 1800";
-  qso.band = ccc_band_index(metres);
-  if (qso.band) qso.freq5 = ccc_bands.at(*qso.band).freq5;
+  qso.band = band_of_metres(metres);
+  if (qso.band) qso.freq5 = names_of(*qso.band).freq5;
   if (as_1800 && qso.freq5 == as_logged) qso.freq5 = as_wanted;
 }
 

@@ -7,6 +7,7 @@
 
 #include "base/columns.h"
 #include "ccc/contests.h"
+#include "core/bands.h"
 
 namespace varnisto {
 
@@ -23,7 +24,7 @@ struct CccQso {
   std::string month, day;            ///< two digits
   std::string_view hhmm;             ///< the four columns as they stand
   std::string_view call;             ///< thirteen columns as they stand
-  std::optional<std::size_t> band;   ///< among ccc_bands; nothing for another text
+  std::optional<Band> band;          ///< nothing for another text
   std::string_view freq5 = "     ";  ///< Cabrillo frequency field
   std::string_view mode2;            ///< Cabrillo mode: "CW", "PH", "RY"
   std::string_view sent_rst, sent_exch, rcvd_rst, rcvd_exch;

@@ -39,7 +39,7 @@ constexpr Sum sums[] = {{&CccBandTally::qsos, &CccTally::qsos, "total_qso"},
 void tally_ccc_qso(const CccQso& qso, const CccContest& contest, CccTally& tally) {
   if (!qso.band) return;
   count_mode(qso.mode2, tally);
-  CccBandTally& band = tally.bands.at(*qso.band);
+  CccBandTally& band = tally.bands.at(index_of(*qso.band));
   add_checked(band.qsos, 1, "qso_cnt");
   add_points(band.points, qso.points);
   if (counts(qso.mult1, contest.dash_counts)) add_checked(band.mult1, 1, "mult1_cnt");

@@ -6,6 +6,7 @@
 
 #include "ccc/contests.h"
 #include "ccc/qso.h"
+#include "core/bands.h"
 
 namespace varnisto {
 
@@ -15,7 +16,7 @@ struct CccBandTally {
 
 /// Counters have 16 bits, their sums over the bands too; only the score needs more.
 struct CccTally {
-  std::array<CccBandTally, ccc_bands.size()> bands{};
+  std::array<CccBandTally, band_count> bands{};
   std::int16_t cw = 0, ssb = 0, rtty = 0;  ///< QSOs by mode
   std::int32_t qsos = 0, points = 0, mult1 = 0, mult2 = 0;
   std::int32_t score = 0;  ///< all multipliers times all points

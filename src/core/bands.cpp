@@ -19,10 +19,9 @@ constexpr AdifBand adif_bands[] = {{"1", "160M"}, {"3", "80M"},  {"7", "40M"},  
 }  // namespace
 
 std::optional<std::string_view> band_henkan(std::string_view metres, bool as_1800) {
-  const auto hit = std::find_if(band_table.begin() + 1, band_table.end(),
-                                [&](const BandNames& row) { return row.metres == metres; });
-  if (hit == band_table.end()) return std::nullopt;
-  return as_1800 && hit->band == Band::m160 ? " 1800" : hit->freq5;
+  const auto band = band_of_metres(metres);
+  if (!band) return std::nullopt;
+  return as_1800 && band == Band::m160 ? " 1800" : names_of(*band).freq5;
 }
 
 std::optional<std::string_view> freq_band(std::string_view freq5) {

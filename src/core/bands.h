@@ -55,8 +55,15 @@ constexpr std::optional<Band> band_of_megahertz(std::string_view text) {
   return std::nullopt;
 }
 
-/// Frequency field (kHz, right-aligned in 5) of a band in metres, "160" to "10"; with `as_1800` 160 m gives
-/// " 1800". Nothing for another band.
+/// The band of this many metres, "160" to "10"; nothing for another text.
+constexpr std::optional<Band> band_of_metres(std::string_view metres) {
+  for (std::size_t i = 1; i < band_table.size(); ++i)
+    if (metres == band_table[i].metres) return band_table[i].band;
+  return std::nullopt;
+}
+
+/// Frequency field (kHz, right-aligned in 5) of a band in metres; with `as_1800` 160 m gives " 1800". Nothing
+/// for another band.
 std::optional<std::string_view> band_henkan(std::string_view metres, bool as_1800);
 
 /// ADIF band ("160M" .. "10M", 30, 17 and 12 metres too) of a frequency field in kHz; nothing for another

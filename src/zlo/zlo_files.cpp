@@ -15,7 +15,7 @@ class CabrilloNames {
   explicit CabrilloNames(const ZloLayout& layout) {
     for (unsigned code = 0; code < modes_.size(); ++code) {
       modes_.at(code) = names_mode(zlo_mode(layout, static_cast<std::uint8_t>(code)));
-      bands_.at(code) = band_index(zlo_band(static_cast<std::uint8_t>(code))).has_value();
+      bands_.at(code) = band_of_megahertz(zlo_band(static_cast<std::uint8_t>(code))).has_value();
     }
   }
   bool mode(std::uint8_t code) const { return modes_[code]; }
@@ -26,7 +26,7 @@ class CabrilloNames {
   static bool names_mode(std::string_view mode) {
     std::array<char, all_columns::mode.width> column{' ', ' ', ' '};
     std::ranges::copy(mode.substr(0, column.size()), column.begin());
-    return mode_code({column.data(), column.size()}).has_value();
+    return mode_of_column({column.data(), column.size()}).has_value();
   }
 
   std::array<bool, 256> modes_{}, bands_{};

@@ -1,25 +1,21 @@
 #include "zlo/zlo_scan.h"
 
-#include <algorithm>
-#include <optional>
-
 #include "base/cp932.h"
 #include "base/text.h"
-#include "cabrillo/all_line.h"
-#include "cabrillo/all_scan.h"
 
 namespace varnisto {
 namespace {
 
-void count_mode(std::string_view mode, ZloScan& scan) {
-  if (mode == "CW") ++scan.cw_count;
-  if (mode == "SSB") ++scan.ssb_count;
-  if (mode == "RTY") ++scan.rty_count;
-}
-
 /// The scan's own reading of a band code: it knows the contest bands and, counting nowhere, 10 MHz.
 bool scan_knows(std::string_view band) {
-  return band == "10" || band_index(band);
+  return band == "10" || band_of_megahertz(band);
+}
+
+/// The mode of a text as the walk has it; mixed for others.
+Mode mode_of_text(std::string_view mode) {
+  for (const Mode known : {Mode::cw, Mode::ssb, Mode::rtty})
+    if (mode == trim(names_of(known).column)) return known;
+  return Mode::mixed;
 }
 
 /// Watts that a sent number stands for.
@@ -31,29 +27,15 @@ std::int64_t watts_of(std::string_view sent_no) {
 
 }  // namespace
 
-std::int16_t ZloScan::mode_sel() const {
-  return mode_selection(cw_count > 0, ssb_count > 0, rty_count > 0);
-}
-
-std::int16_t ZloScan::band_sel() const {
-  const auto worked = [](std::int16_t count) { return count > 0; };
-  if (std::ranges::count_if(bands, worked) != 1) return 0;
-  return static_cast<std::int16_t>(std::ranges::find_if(bands, worked) - bands.begin() + 1);
-}
-
-std::int16_t ZloScan::lowband_flag() const {
-  return bands[0] > 0 || bands[1] > 0 || bands[2] > 0 ? 1 : 2;
-}
-
-ZloScan scan_zlo(ZloReader& log, bool rtty) {
-  ZloScan scan;
+ScanCounts scan_zlo(ZloReader& log, bool rtty) {
+  ScanCounts counts;
   std::string_view band;
   for (ZloWalk walk{log}; walk.next();) {
-    count_mode(rtty ? "RTY" : walk.mode(), scan);
+    counts.add(rtty ? Mode::rtty : mode_of_text(walk.mode()));
     if (const std::string_view text = zlo_band(walk.qso().band_code); scan_knows(text)) band = text;
-    if (const auto index = band_index(band)) ++scan.bands.at(*index);
+    if (const auto known = band_of_megahertz(band)) counts.add(*known);
   }
-  return scan;
+  return counts;
 }
 
 std::string highest_zlo_power(ZloReader& log) {

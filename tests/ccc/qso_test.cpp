@@ -154,7 +154,7 @@ TEST(CccTally, MultipliersCountUnlessBlankOrADash) {
                Row{"JIDX ", "-", "-", 0, 0}, Row{"CQWPX", "-", "", 1, 0}, Row{"CQWPX", "", "", 0, 0})) {
     SCOPED_TRACE(row.key + row.mult1);
     CccQso qso;
-    qso.band = 5;
+    qso.band = band_at(5);
     qso.mult1 = row.mult1;
     qso.mult2 = row.mult2;
     CccTally tally;
@@ -173,7 +173,7 @@ TEST(CccTally, PointsAreRoundedSumBySum) {
                                 Row{{"1", "1.5"}, 2}, Row{{"5", "-2"}, 3}, Row{{"3x"}, 3}, Row{{"1e2"}, 1})) {
     CccTally tally;
     CccQso qso;
-    qso.band = 0;
+    qso.band = band_at(0);
     for (const std::string_view points : row.points) {
       qso.points = points;
       tally_ccc_qso(qso, contest_of("CQWW "), tally);
@@ -195,7 +195,7 @@ TEST(CccTally, AQsoOnAnotherBandCountsNowhere) {
 
 TEST(CccTally, RttyHasACounterOfItsOwn) {
   CccQso qso;
-  qso.band = 0;
+  qso.band = band_at(0);
   CccTally tally;
   for (const std::string_view mode : {"RY", "RY", "RY", "CW", "CW", "PH"}) {
     qso.mode2 = mode;
@@ -208,7 +208,7 @@ TEST(CccTally, CountersOverflowBeyond16BitsAndTheScoreBeyond32) {
   constexpr std::int16_t most = std::numeric_limits<std::int16_t>::max();
   const auto overflow_of = [](CccTally tally) {
     CccQso qso;
-    qso.band = 1;
+    qso.band = band_at(1);
     qso.mode2 = "CW";
     qso.mult1 = qso.mult2 = qso.points = "1";
     return error_text_of([&] { tally_ccc_qso(qso, contest_of("CQWW "), tally); });

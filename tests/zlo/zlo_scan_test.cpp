@@ -12,29 +12,32 @@ namespace {
 
 struct ScanCase {
   std::vector<std::pair<int, int>> band_mode;  ///< codes
-  int mode_sel, band_sel, lowband_flag;
+  int mode_sel, band_sel;
+  bool lowband;
   bool rtty = false;
 };
 
 TEST(ZloScan, GuessesModeAndBand) {
   for (const ScanCase& row :
-       rows_of(ScanCase{{}, 0, 0, 2}, ScanCase{{{0, 0}}, 2, 1, 1}, ScanCase{{{1, 1}}, 1, 2, 1},
-               ScanCase{{{2, 4}}, 3, 3, 1}, ScanCase{{{4, 2}}, 0, 4, 2}, ScanCase{{{6, 0}, {6, 1}}, 0, 5, 2},
-               ScanCase{{{8, 0}, {8, 7}}, 2, 6, 2}, ScanCase{{{4, 0}, {6, 0}}, 2, 0, 2},
-               ScanCase{{{4, 0}, {2, 4}}, 0, 0, 1}, ScanCase{{{4, 1}, {4, 4}}, 0, 4, 2},
+       rows_of(ScanCase{{}, 0, 0, false}, ScanCase{{{0, 0}}, 2, 1, true}, ScanCase{{{1, 1}}, 1, 2, true},
+               ScanCase{{{2, 4}}, 3, 3, true}, ScanCase{{{4, 2}}, 0, 4, false},
+               ScanCase{{{6, 0}, {6, 1}}, 0, 5, false}, ScanCase{{{8, 0}, {8, 7}}, 2, 6, false},
+               ScanCase{{{4, 0}, {6, 0}}, 2, 0, false}, ScanCase{{{4, 0}, {2, 4}}, 0, 0, true},
+               ScanCase{{{4, 1}, {4, 4}}, 0, 4, false},
                // 50 MHz counts with the band before, 10 MHz nowhere and with what follows it
-               ScanCase{{{4, 0}, {9, 0}}, 2, 4, 2}, ScanCase{{{4, 0}, {3, 0}, {9, 0}}, 2, 4, 2},
-               ScanCase{{{9, 0}}, 2, 0, 2}, ScanCase{{{255, 255}}, 0, 0, 2},
-               ScanCase{{{2, 0}, {5, 1}}, 0, 3, 1}, ScanCase{{{4, 0}, {4, 1}}, 3, 4, 2, true})) {
+               ScanCase{{{4, 0}, {9, 0}}, 2, 4, false}, ScanCase{{{4, 0}, {3, 0}, {9, 0}}, 2, 4, false},
+               ScanCase{{{9, 0}}, 2, 0, false}, ScanCase{{{255, 255}}, 0, 0, false},
+               ScanCase{{{2, 0}, {5, 1}}, 0, 3, true}, ScanCase{{{4, 0}, {4, 1}}, 3, 4, false, true})) {
     std::vector<ZloQsoSpec> qsos;
     for (const auto& [band, mode] : row.band_mode)
       qsos.push_back({.day_count = 1e9, .band = band, .mode = mode});
     ZloReader log = reader_of(zlo_log(qsos));
-    const ZloScan scan = scan_zlo(log, row.rtty);
+    ScanState scan;
+    scan_zlo(log, row.rtty).tell(scan);
     const std::string name = testing::PrintToString(row.band_mode);
-    EXPECT_EQ(scan.mode_sel(), row.mode_sel) << name;
-    EXPECT_EQ(scan.band_sel(), row.band_sel) << name;
-    EXPECT_EQ(scan.lowband_flag(), row.lowband_flag) << name;
+    EXPECT_EQ(option_of(scan.mode_sel), row.mode_sel) << name;
+    EXPECT_EQ(option_of(scan.band_sel), row.band_sel) << name;
+    EXPECT_EQ(scan.lowband, row.lowband) << name;
   }
 }
 
@@ -47,10 +50,10 @@ TEST(ZloScan, CountsEveryMode) {
                                       {.mode = 5},
                                       {.mode = 0, .invalid = 1},
                                       {.mode = 9}}));
-  const ZloScan scan = scan_zlo(log, false);
-  EXPECT_EQ(scan.cw_count, 2);
-  EXPECT_EQ(scan.ssb_count, 1);
-  EXPECT_EQ(scan.rty_count, 3);
+  const ScanCounts scan = scan_zlo(log, false);
+  EXPECT_EQ(scan.cw, 2);
+  EXPECT_EQ(scan.ssb, 1);
+  EXPECT_EQ(scan.rtty, 3);
   EXPECT_EQ(scan.bands[0], 7);
 }
 
