@@ -3,6 +3,7 @@
 #include "app/checker.h"
 #include "app/debug_log.h"
 #include "app/later_steps.h"
+#include "app/zlo_log.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "cabrillo/adif.h"
@@ -127,6 +128,7 @@ void run_contest_steps(App& app) {
 void end_run(App& app) {
   const InputState& input = app.state.log.input;
   if (input.qsos_written == 0) throw Refusal(std::string{no_qso_text});
+  if (input.in_kind == InputKind::zlog_zlo) note_zlo_records(app);
   commit_outputs(app, {input.out_name, input.log_name});
   const std::string work_file = input.out_dir + "in_name.000";  // of an earlier program
   if (!delete_if_file(work_file)) add_notice(app, kept_file_text(work_file));

@@ -2,23 +2,14 @@
 
 namespace varnisto {
 
-void mnuMake_z2a_Click(App&) {
-  throw NotAvailable("ZLO");
-}
-void shori_zlog_zlo(App&) {
-  throw NotAvailable("ZLO");
-}
 void shori_ccc_txt(App&) {
   throw NotAvailable("CCC");
 }
 void shori_ccc_bin(App&) {
   throw NotAvailable("CCC");
 }
-void Make_zlo2all(App&) {
-  throw NotAvailable("ZLO");
-}
 void Make_zlo2all_iota(App&) {
-  throw NotAvailable("ZLO");
+  throw NotAvailable("IOTA");
 }
 void zlog_all_za2c_print_iota(App&) {
   throw NotAvailable("IOTA");

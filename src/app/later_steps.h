@@ -6,12 +6,9 @@
 
 namespace varnisto {
 
-void mnuMake_z2a_Click(App& app);         ///< ZLO log to ALL log
-void shori_zlog_zlo(App& app);            ///< preparation of a ZLO log
 void shori_ccc_txt(App& app);             ///< preparation of a CCC text log
 void shori_ccc_bin(App& app);             ///< preparation of a CCC binary log
-void Make_zlo2all(App& app);              ///< ZLO log to ALL log, at the start of a run
-void Make_zlo2all_iota(App& app);         ///< the same for IOTA
+void Make_zlo2all_iota(App& app);         ///< ZLO log to ALL log for IOTA
 void zlog_all_za2c_print_iota(App& app);  ///< Cabrillo writer for IOTA
 void ccc_txt(App& app);                   ///< Cabrillo writer for CCC logs
 void conv_eqsl_iota(App& app);            ///< ADIF of an IOTA log for eQSL

@@ -3,6 +3,7 @@
 #include "app/debug_log.h"
 #include "app/later_steps.h"
 #include "app/start_up.h"
+#include "app/zlo_log.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "base/text_reader.h"
@@ -12,6 +13,7 @@
 #include "core/entry.h"
 #include "core/paths.h"
 #include "core/settings.h"
+#include "zlo/zlo_head.h"
 
 namespace varnisto {
 namespace {
@@ -73,7 +75,9 @@ void prepare(App& app) {
         throw Refusal(std::string{why});
       return shori_zlog_all(app);
     case InputKind::zlog_zlo:
-      mnuMake_z2a_Click(app);
+      if (const std::string_view why = why_no_zlo_log(input.in_name); !why.empty())
+        throw Refusal(std::string{why});
+      if (input.has_zsm) mnuMake_z2a_Click(app);  // without a summary the whole text log follows at once
       return shori_zlog_zlo(app);
     case InputKind::ccc_txt:
       input.cb2t_name = input.in_name;

@@ -77,22 +77,12 @@ void read_summary_line(App& app, std::string_view line, const std::string& place
   }
 }
 
-void show_jidx_powers(App& app) {
-  show_text(app,
-            lines({"ｺﾝﾃｽﾄ 名 ： " + app.state.log.contest.contest_name,
-                   "            High Power(出力100wを超える局),", "            Low Power(出力100w以下の局)"}),
-            Color::green);
-}
-
 /// The dialogs that a title in the logger's summary calls for.
 void open_dialogs_of_title(App& app) {
   const std::string title = app.state.log.contest.contest_name;
-  if (contains(title, "WPX") && file_exists(app.state.program.app_dir + "OVERLAY.txt")) {
-    app.state.log.category.overlay_caller = OverlayCaller::summary;
-    app.desk.show(FormName::frmOVERLAY);
-  }
+  open_overlay_of_title(app);
   const ContestFamily family = family_of(title);
-  if (family == ContestFamily::jidx) show_jidx_powers(app);
+  if (family == ContestFamily::jidx) show_jidx_powers(app, title);
   if (family == ContestFamily::jidx || family == ContestFamily::iota) show_select_cont(app);
 }
 
@@ -110,6 +100,21 @@ void show_power(App& app) {
 }
 
 }  // namespace
+
+void open_overlay_of_title(App& app) {
+  if (!contains(app.state.log.contest.contest_name, "WPX") ||
+      !file_exists(app.state.program.app_dir + "OVERLAY.txt"))
+    return;
+  app.state.log.category.overlay_caller = OverlayCaller::summary;
+  app.desk.show(FormName::frmOVERLAY);
+}
+
+void show_jidx_powers(App& app, const std::string& title) {
+  show_text(app,
+            lines({"ｺﾝﾃｽﾄ 名 ： " + title, "            High Power(出力100wを超える局),",
+                   "            Low Power(出力100w以下の局)"}),
+            Color::green);
+}
 
 std::string jidx_power_label(const Settings& settings) {
   return "県No " + std::string{left(settings.jidx_no, 2)};
@@ -170,7 +175,8 @@ void read_summary(App& app, TextReader reader) {
 }
 
 bool needs_selection(const App& app) {
-  return app.state.log.contest.select_from == SelectFrom::za2c_zsm && !app.state.entry.dialog_shown;
+  const SelectFrom from = app.state.log.contest.select_from;
+  return (from == SelectFrom::za2c_zsm || from == SelectFrom::zz2c_zsm) && !app.state.entry.dialog_shown;
 }
 
 bool show_select_cont(App& app) {

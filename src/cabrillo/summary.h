@@ -40,6 +40,11 @@ std::int32_t score_value(std::string_view text, const std::string& where);
 /// Lets the user choose contest and category. A dialog left without OK changes neither. True after OK.
 bool show_select_cont(App& app);
 
+/// The overlay dialog, when the title of the logger's summary is CQ WPX's and there is a list of overlays.
+void open_overlay_of_title(App& app);
+/// Tells in the text box which powers a JIDX contest of this title knows.
+void show_jidx_powers(App& app, const std::string& title);
+
 /// True while contest and category of the open log are known from nowhere: no summary, no dialog.
 bool needs_selection(const App& app);
 

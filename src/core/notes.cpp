@@ -22,6 +22,11 @@ constexpr Words words[] = {
     {NoteKind::tx_dropped, "tx_dropped", "ログの名前が all で終わらないため、送信機番号を 0 で書いています。",
      "件"},
     {NoteKind::contest_guessed, "contest_guessed", "ｺﾝﾃｽﾄ名はファイル名からの推定です。", ""},
+    {NoteKind::invalid, "invalid", "ログで無効とされた交信は書いていません。", "件"},
+    {NoteKind::score_not_computed, "score_not_computed",
+     "このｺﾝﾃｽﾄの得点は計算していません ( CLAIMED-SCORE )。", ""},
+    {NoteKind::utc_twice, "utc_twice", "ログの時刻は既に UTC ですが、UTC に変換しました。", ""},
+    {NoteKind::count_differs, "count_differs", "ログの交信数がログ自身の記録と違います。", ""},
     {NoteKind::qtc_unread, "qtc_unread", "相手局・日付・時刻がそろわない QTC のメモは行にしていません。",
      "件"},
 };

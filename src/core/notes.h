@@ -13,14 +13,18 @@
 namespace varnisto {
 
 enum class NoteKind {
-  after_eof,        ///< lines behind a character 26
-  left_out,         ///< QSOs that the contest's rule leaves out
-  mode_kept,        ///< QSOs whose mode is in no table: they carry the previous one's
-  band_kept,        ///< the same with the band
-  tx_kept,          ///< QSOs without a transmitter number: they carry the previous one's
-  tx_dropped,       ///< QSOs whose transmitter number is written as 0 for want of a log named "all"
-  contest_guessed,  ///< nobody said which contest it is but the log's name
-  qtc_unread,       ///< QTC memos from which no line could be made
+  after_eof,           ///< lines behind a character 26
+  left_out,            ///< QSOs that the contest's rule leaves out
+  mode_kept,           ///< QSOs whose mode is in no table: they carry the previous one's
+  band_kept,           ///< the same with the band
+  tx_kept,             ///< QSOs without a transmitter number: they carry the previous one's
+  tx_dropped,          ///< QSOs whose transmitter number is written as 0 for want of a log named "all"
+  contest_guessed,     ///< nobody said which contest it is but the log's name
+  invalid,             ///< QSOs that the log marks as invalid: they are left out
+  score_not_computed,  ///< the contest's score is not worked out for this kind of log
+  utc_twice,           ///< the log is in UTC already, and the conversion is on
+  count_differs,       ///< the log holds another number of QSOs than its head says
+  qtc_unread,          ///< QTC memos from which no line could be made
 };
 
 /// One kind of note on one log.

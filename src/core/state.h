@@ -2,6 +2,7 @@
 // The shared state by lifetime: what the program knows as long as it runs, what the entrant has chosen, and
 // what belongs to the one log that is open. Paths are whole paths, folders end in the path separator.
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -211,6 +212,17 @@ struct ListState {
   std::vector<AssistedContest> assisted_conts;
 };
 
+/// What only the records of a ZLO log tell. Numbers are those of records, the head being 1.
+struct ZloRecords {
+  bool utc = false;                       ///< its times are UTC
+  std::optional<std::int32_t> qso_count;  ///< QSOs by the logger's own count, where it keeps one
+  std::int64_t records = 0, qsos = 0;     ///< QSO records, and those that are not invalid
+  Occurrences invalid;
+  std::vector<std::uint16_t> passed_over;  ///< the invalid ones, ascending
+  Occurrences unnamed_mode, unnamed_band;  ///< QSOs whose mode or band Cabrillo has no name for
+  Occurrences unnamed_frequency;           ///< the latter without a frequency in the memo
+};
+
 /// The submission mail.
 struct MailState {
   std::string send_to_add;   ///< submission address of the contest
@@ -231,6 +243,7 @@ struct LogState {
   ContestState contest;
   CategoryState category;
   ScanState scan;
+  ZloRecords zlo;
   TallyState tally;
   MailState mail;
   LabelState labels;
@@ -248,6 +261,11 @@ struct DisplayState {
   bool dialog_confirmed = false;  ///< the selection dialog that was shown last was left with OK
   std::string disp_name;          ///< file that the text viewer opens next
 };
+
+/// Names a file that was written for the log, once.
+inline void add_output(InputState& input, const std::string& path) {
+  if (std::ranges::find(input.outputs, path) == input.outputs.end()) input.outputs.push_back(path);
+}
 
 struct State {
   ProgramState program;

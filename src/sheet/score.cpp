@@ -47,6 +47,10 @@ std::optional<std::int32_t> score_of(std::string_view title, const TallyState& t
   return product(tally.multi1_total + second, tally.points_total);
 }
 
+bool has_score_rule(std::string_view title) {
+  return formula_of(title) != Formula::none;
+}
+
 std::int32_t waedc_score(const TallyState& tally) {
   return product(std::int64_t{tally.points_total} + tally.qtcs_total, tally.multi1_total);
 }

@@ -205,8 +205,7 @@ void make_za2c_zsm_etc(App& app, TextWriter& sheet) {
 
   sheet.close();
   const std::string& name = app.state.log.input.zsm_use_name;
-  auto& outputs = app.state.log.input.outputs;
-  if (std::ranges::find(outputs, name) == outputs.end()) outputs.push_back(name);
+  add_output(app.state.log.input, name);
 }
 
 void write_cont_name(App& app, std::string_view name) {

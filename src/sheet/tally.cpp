@@ -97,7 +97,7 @@ void tally_log(App& app, const TallyRules& rules) {
   zero_clear(app);
   const TallyOptions options = tally_options(app);
   TallyState& tally = app.state.log.tally;
-  TextReader log{app.state.log.input.z2a_name};
+  TextReader log = read_text(app, app.state.log.input.z2a_name);
   std::string_view line;
   log.next(line);  // the title line
   bool found = false;

@@ -60,9 +60,9 @@ SheetCategory sheet_category(const TallyState& tally, std::string_view cont_id, 
 void set_category_za2c_zsm(App& app) {
   app.trace.line("Public Sub set_category_za2c_zsm()");
   const EntryChoice& entry = app.state.entry;
-  const SheetCategory texts =
-      sheet_category(app.state.log.tally, app.state.log.contest.cont_id, entry.op,
-                     dialog_wins(app.state) ? std::optional{entry.mode} : std::nullopt);
+  const SheetCategory texts = sheet_category(
+      app.state.log.tally, app.state.log.contest.cont_id, entry.dialog_shown ? entry.op : Operator::single_op,
+      dialog_wins(app.state) ? std::optional{entry.mode} : std::nullopt);
   CategoryState& category = app.state.log.category;
   category.zsm_category = texts.printed;
   category.cat_text = texts.with_band;

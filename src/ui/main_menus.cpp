@@ -16,12 +16,15 @@ namespace varnisto {
 namespace {
 
 constexpr OpenMenu opens[] = {
-    {"mnuOpen_all", "ALL", "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ａｌｌ ) ファイルを  開く ....", "ﾃｷｽﾄﾌｧｲﾙ ( *.all )|*.all|"},
-    {"mnuOpen_zlo", "ZLO", "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ｚｌｏ ) ファイルを  開く ....", "ﾃｷｽﾄﾌｧｲﾙ ( *.zlo )|*.zlo|"},
-    {"mnuOpen_txt", "TXT", "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ｔｘｔ ) ファイルを  開く ....", "ﾃｷｽﾄﾌｧｲﾙ ( *.txt )|*.txt|"},
-    {"mnuOpen_bin", "BIN", "　の ﾊﾞｲﾅﾘｰﾌｧｲﾙ ( ＊．ｂｉｎ ) ファイルを  開く ....",
+    {"mnuOpen_all", InputKind::zlog_all, "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ａｌｌ ) ファイルを  開く ....",
+     "ﾃｷｽﾄﾌｧｲﾙ ( *.all )|*.all|"},
+    {"mnuOpen_zlo", InputKind::zlog_zlo, "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ｚｌｏ ) ファイルを  開く ....",
+     "ﾃｷｽﾄﾌｧｲﾙ ( *.zlo )|*.zlo;*.zlox|"},
+    {"mnuOpen_txt", InputKind::ccc_txt, "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ｔｘｔ ) ファイルを  開く ....",
+     "ﾃｷｽﾄﾌｧｲﾙ ( *.txt )|*.txt|"},
+    {"mnuOpen_bin", InputKind::ccc_bin, "　の ﾊﾞｲﾅﾘｰﾌｧｲﾙ ( ＊．ｂｉｎ ) ファイルを  開く ....",
      "ﾃｷｽﾄﾌｧｲﾙ ( *.bin )|*.bin|"},
-    {"mnuOpen_cbr", "CBR", "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ｃｂｒ ) ファイルを  開く ....",
+    {"mnuOpen_cbr", InputKind::cabrillo, "　の ﾃｷｽﾄﾌｧｲﾙ ( ＊．ｃｂｒ ) ファイルを  開く ....",
      "ﾃｷｽﾄﾌｧｲﾙ ( *.cbr )|*.cbr|"}};
 
 /// The input, when it is text.
@@ -96,7 +99,8 @@ std::span<const OpenMenu> open_menus() {
 }
 
 const OpenMenu* open_menu_for(std::string_view ext) {
-  const auto* hit = std::ranges::find(opens, to_upper(ext), &OpenMenu::ext_upper);
+  const auto kind = kind_of(to_upper(ext));
+  const auto* hit = std::ranges::find_if(opens, [&](const OpenMenu& menu) { return menu.kind == kind; });
   return hit == std::end(opens) ? nullptr : hit;
 }
 

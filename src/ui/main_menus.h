@@ -14,8 +14,8 @@ namespace varnisto {
 /// A menu entry that opens one kind of log.
 struct OpenMenu {
   std::string_view name;
-  std::string_view ext_upper;  ///< extension of its logs
-  std::string_view title;      ///< of the dialog, behind the folder
+  InputKind kind;
+  std::string_view title;  ///< of the dialog, behind the folder
   std::string_view filter;
 };
 std::span<const OpenMenu> open_menus();

@@ -162,7 +162,7 @@ void MainWindow::open_log(std::string_view name) {
   const OpenMenu& menu = *std::ranges::find(open_menus(), name, &OpenMenu::name);
   app.trace.line("Private Sub " + std::string{name} + "_Click()");
   const std::string title{menu.title}, filter{menu.filter};
-  if (menu.ext_upper != "CBR") {
+  if (menu.kind != InputKind::cabrillo) {
     if (set_in_dir_Open_file(app, title, filter)) remember_opened();
   } else if (const auto path = ask_for_file(app, title, filter)) {
     open_chosen_cbr(app, *path);
@@ -185,7 +185,7 @@ void MainWindow::open_path(const std::string& path) {
         {path, "は開けません。", "＊．all ＊．zlo ＊．txt ＊．bin ＊．cbr のﾌｧｲﾙを指定して下さい。"});
   clear_text(app);
   app.state.display.progress = Progress::none;
-  if (menu->ext_upper == "CBR")
+  if (menu->kind == InputKind::cabrillo)
     open_chosen_cbr(app, *file);
   else
     open_chosen_file(app, *file);

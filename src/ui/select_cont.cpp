@@ -221,7 +221,10 @@ void select_cont::preset_contest() {
 void select_cont::search_zlo_no_zsm() {
   app.trace.line("Private Sub search_zlo_no_zsm()");
   draft_.scan = app.state.log.scan;
-  const auto hit = std::ranges::find(List1.items, app.state.log.contest.zlo_title);
+  const std::string& title = app.state.log.contest.zlo_title;
+  auto hit = std::ranges::find(List1.items, title);
+  if (hit == List1.items.end())  // today's titles go on behind the contest's name: "(JA)", "(DX)"
+    hit = std::ranges::find_if(List1.items, [&](const std::string& name) { return title.starts_with(name); });
   if (hit != List1.items.end()) {
     List1.selected = static_cast<int>(hit - List1.items.begin());
     List1_Click();

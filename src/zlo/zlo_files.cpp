@@ -32,12 +32,13 @@ class CabrilloNames {
   std::array<bool, 256> modes_{}, bands_{};
 };
 
-void count_kept(const ZloWalk& walk, const ZloWriting& to, const CabrilloNames& names,
-                std::string_view all_line, ZloWritten& written) {
+void count_unnamed(const ZloWalk& walk, const CabrilloNames& names, std::string_view all_line,
+                   ZloWritten& written) {
   const std::size_t number = walk.log().number();
-  if (!to.rtty && !names.mode(walk.qso().mode_code)) written.mode_kept.add(number);
+  if (!names.mode(walk.qso().mode_code)) written.unnamed_mode.add(number);
   if (names.band(walk.qso().band_code)) return;
-  if (!to.memo_frequency || !memo_frequency(all_line)) written.band_kept.add(number);
+  written.unnamed_band.add(number);
+  if (!memo_frequency(all_line)) written.unnamed_frequency.add(number);
 }
 
 void put_titles(const ZloWriting& to) {
@@ -59,7 +60,7 @@ ZloWritten write_zlo_files(ZloReader& log, const ZloWriting& to) {
     lines.take(walk);
     if (to.jarl) to.jarl->put(lines.jarl());
     to.all.put(lines.all());
-    count_kept(walk, to, names, lines.all(), written);
+    count_unnamed(walk, names, lines.all(), written);
   }
   written.count = walk.count();
   return written;

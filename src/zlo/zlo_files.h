@@ -11,17 +11,16 @@ struct ZloWriting {
   LineSink& all;             ///< the text log
   LineSink* jarl = nullptr;  ///< the log sheet; none: it is not written
   bool transmitter = false;  ///< the text log names the transmitter, "TX#n"
-  // The main window's choices that spare a QSO line its mode or its band:
-  bool rtty = false;            ///< every mode counts as RTTY
-  bool memo_frequency = false;  ///< the frequency in the memo replaces the band
 };
 
 /// What was written, and what its user might not expect. Numbers are those of records, the head being 1.
 struct ZloWritten {
   ZloCount count;
-  /// QSOs whose Cabrillo line carries the mode or band of an earlier one: a code outside the tables, or a
-  /// mode or band that Cabrillo has no name for.
-  Occurrences mode_kept, band_kept;
+  /// QSOs whose mode or band has no name in Cabrillo or none at all: their lines carry that of an earlier
+  /// one.
+  Occurrences unnamed_mode, unnamed_band;
+  /// The latter without those whose memo gives the frequency.
+  Occurrences unnamed_frequency;
 };
 
 /// Writes the rest of the log, title lines first; a log without QSOs has these alone. Throws RunTimeError 6

@@ -9,14 +9,6 @@ void keep_or_replace(std::string_view& kept, std::string_view text) {
 
 }  // namespace
 
-std::size_t ZloCount::record_of_line(std::size_t line) const {
-  for (const std::size_t record : passed_over) {
-    if (record > line) break;
-    ++line;
-  }
-  return line;
-}
-
 bool ZloWalk::next() {
   while (log_.next(qso_)) {
     ++count_.records;

@@ -1,7 +1,6 @@
 #pragma once
 // The one walk over the QSO records of a ZLO log: every pass over the file is one of these.
 
-#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -17,9 +16,6 @@ struct ZloCount {
   std::int64_t qsos = 0;     ///< those that are not invalid
   Occurrences invalid;       ///< QSOs that were passed over; their numbers are those of their records
   std::vector<std::uint16_t> passed_over;  ///< the numbers of their records, ascending
-
-  /// Number of the record (the head is 1) whose QSO stands in this line of the ALL log (the title is 1).
-  std::size_t record_of_line(std::size_t line) const;
 };
 
 class ZloWalk {
