@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages_cli=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 packages_test=("${packages_cli[@]}" googletest libgtest-dev qt6-base-dev libgl-dev fonts-ipafont-gothic)
-packages_lint=(clang-format clang-tidy)
+packages_lint=("${packages_test[@]}" clang-format clang-tidy)
 packages_bench=("${packages_cli[@]}" libbenchmark-dev qt6-base-dev libgl-dev)
 packages_fuzz=("${packages_cli[@]}" clang libclang-rt-14-dev)
 packages_faults=(strace python3)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Formatting of every source file, clang-tidy on those that differ from BASE (default: the commit before the last).
-# Usage: tools/lint.sh [BASE]     BASE "all" checks every file.
+# Formatting of every source file, clang-tidy on those that differ from a revision: origin/main, or where that
+# is no other commit (a fresh clone) or is not known the commit fifty before this one.
+# Usage: tools/lint.sh [REVISION | all]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -8,14 +9,36 @@ tools/dependencies.sh lint
 mapfile -t sources < <(git ls-files -co --exclude-standard '*.cpp' '*.h')
 clang-format --dry-run -Werror "${sources[@]}"
 
-base=${1:-$(git rev-parse -q --verify HEAD~1 || true)}
-if [ "$base" = all ] || [ -z "$base" ]; then
-  mapfile -t changed < <(git ls-files 'src/*.cpp')
+commit() { git rev-parse -q --verify "$1^{commit}"; }
+default_base() {
+  local main
+  main=$(commit origin/main) && [ "$main" != "$(commit HEAD)" ] && echo "$main" && return
+  commit HEAD~50 || echo all  # so short a history is checked as a whole
+}
+base=${1:-$(default_base)}
+
+# The benchmarks are built only where their library is.
+checked=('src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'fuzz/*.cpp' 'fuzz/*.h' 'tools/*.cpp')
+if [ "$base" = all ]; then
+  changed=$(git ls-files -co --exclude-standard -- "${checked[@]}")
+elif commit "$base" >/dev/null; then
+  changed=$(git diff --merge-base --name-only --diff-filter=d "$base" -- "${checked[@]}"
+            git ls-files -o --exclude-standard -- "${checked[@]}")
 else
-  mapfile -t changed < <(git diff --name-only --diff-filter=d "$base" -- 'src/*.cpp')
+  echo "tools/lint.sh: no such revision: $base" >&2
+  exit 2
 fi
-[ ${#changed[@]} -eq 0 ] && exit 0
+# A header is checked with the source of its name, one without such a source by itself.
+changed=$(while read -r file; do
+            source=${file%.h}.cpp
+            [ -f "$source" ] && echo "$source" || echo "$file"
+          done <<<"$changed" | sort -u)
+[ -z "$changed" ] && exit 0
+
+# The test build's compile commands hold the fuzz targets too: it links each with the replay of its seeds.
 cmake --preset dev >/dev/null
-printf '%s\n' "${changed[@]}" | xargs -P "$(nproc)" -n 4 clang-tidy -p build/dev --quiet 2>&1 |
+if grep -qE 'gui/|tools/' <<<"$changed"; then  # these include what is made of the .ui files
+  cmake --build --preset dev --target varnisto_gui_autogen -- --quiet
+fi
+xargs -P "$(nproc)" -n 1 clang-tidy -p build/dev --quiet <<<"$changed" 2>&1 |
   { grep -vE '^[0-9]+ warnings? (generated|treated)|^$' || true; }
-[ "${PIPESTATUS[1]}" -eq 0 ]

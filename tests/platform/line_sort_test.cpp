@@ -57,7 +57,7 @@ void expect_sorted(const Strings& lines, const SortLimits& limits) {
 }
 
 TEST(LineSort, IsStableWhateverFitsInMemory) {
-  for (const std::size_t count : {0, 1, 300}) {
+  for (const std::size_t count : {0U, 1U, 300U}) {
     const Strings mixed = numbered_lines(count);
     Strings nearly = mixed;
     std::ranges::stable_sort(nearly.begin(), nearly.begin() + static_cast<std::ptrdiff_t>(count / 10 * 9),
