@@ -37,9 +37,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const CccContest& contest = ccc_contests()[data[0] % ccc_contests().size()];
   const std::string_view bytes = fuzz::bytes_of(data + 1, size - 1);
   const std::size_t record_size = ccc_record_size(*contest.layout, bytes.size());
-  CccRecordReader log = CccRecordReader::from_bytes(bytes, record_size);
+  RecordReader log = RecordReader::from_bytes(bytes);
   fuzz::LineList text;
-  const CccBinCounts counts = put_ccc_text(log, contest, std::nullopt, "3.09", text);
+  const CccBinCounts counts = put_ccc_text(log, record_size, contest, std::nullopt, "3.09", text);
   fuzz::require(text.lines.size() == counts.records + 1, "one line a record");
 
   const std::size_t points = contest.columns.rcvd_rst.first == 35 ? 56 : 68;

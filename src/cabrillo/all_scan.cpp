@@ -8,6 +8,7 @@
 #include "cabrillo/all_line.h"
 #include "cabrillo/writer.h"
 #include "core/entry.h"
+#include "core/power.h"
 
 namespace varnisto {
 namespace {
@@ -52,11 +53,6 @@ bool begins_with_date(std::string_view line) {
   return column == pattern.size();
 }
 
-/// Watts that an exchange text stands for.
-double power_value(std::string_view text) {
-  return contains(to_upper(text), "K") ? 1000 : numeric_value(text);
-}
-
 }  // namespace
 
 void ScanCounts::add(std::optional<Mode> mode) {
@@ -94,19 +90,8 @@ void get_mode_band_all(App& app, ScanState& found) {
 
 void get_power_all(App& app, ScanState& found) {
   app.trace.line("Public Sub get_power_all()");
-  std::int64_t highest = 0;
-  std::string& highest_text = found.max_power_text;
-  highest_text.clear();
   TextReader reader{app.state.log.input.in_name};
-  std::string_view text;
-  reader.next(text);  // the title line
-  while (reader.next(text)) {
-    const std::string_view power = trim(TextLine{text, reader.ascii()}.cut(all_columns::sent_power));
-    const std::int64_t watts = round_half_even(power_value(power));
-    if (watts <= highest) continue;
-    highest = watts;
-    highest_text = power;
-  }
+  found.max_power_text = highest_power(reader, all_columns::sent_power, "");
 }
 
 std::string power_label(const ScanState& scan) {
@@ -115,7 +100,7 @@ std::string power_label(const ScanState& scan) {
 
 std::optional<Power> power_category(std::string_view power) {
   if (power.empty()) return std::nullopt;
-  const double watts = power_value(power);
+  const double watts = power_watts(power);
   return watts <= 5 ? Power::qrp : watts < 151 ? Power::low : Power::high;
 }
 

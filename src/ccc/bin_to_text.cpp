@@ -157,13 +157,13 @@ const std::string& CccTextLines::line_of(const CccRecord& rec) {
   return line_;
 }
 
-CccBinCounts put_ccc_text(CccRecordReader& log, const CccContest& contest,
+CccBinCounts put_ccc_text(RecordReader& log, std::size_t record_size, const CccContest& contest,
                           std::optional<std::string> fixed_power, std::string_view version, LineSink& text) {
   text.put(ccc_header_line(contest, version));
   CccTextLines lines{contest, std::move(fixed_power)};
   CccRecord rec;
-  for (std::string_view bytes; log.next(bytes);) {
-    read_ccc_record(bytes, *contest.layout, rec);
+  for (std::string_view bytes; log.next(record_size, bytes);) {
+    contest.layout->decode(bytes, rec);
     text.put(lines.line_of(rec));
   }
   CccBinCounts counts = lines.counts();

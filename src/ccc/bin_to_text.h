@@ -9,7 +9,7 @@
 #include "base/line_sink.h"
 #include "ccc/contests.h"
 #include "core/notes.h"
-#include "records/ccc_record_reader.h"
+#include "records/record_reader.h"
 
 namespace varnisto {
 
@@ -53,9 +53,9 @@ class CccTextLines {
   std::string line_;
 };
 
-/// Puts the text log of a binary one, first line included. `log` has the contest's record size. Throws
-/// RunTimeError 6 for more than 32767 records, and what the sink throws.
-CccBinCounts put_ccc_text(CccRecordReader& log, const CccContest& contest,
+/// Puts the text log of a binary one, first line included. `record_size` is one of the contest's layout.
+/// Throws RunTimeError 6 for more than 32767 records, and what the sink throws.
+CccBinCounts put_ccc_text(RecordReader& log, std::size_t record_size, const CccContest& contest,
                           std::optional<std::string> fixed_power, std::string_view version, LineSink& text);
 
 }  // namespace varnisto

@@ -1,75 +1,54 @@
 #include "records/ccc_record.h"
 
-#include <algorithm>
+#include "records/fields_table.h"
 
 namespace varnisto {
 namespace {
 
-constexpr CccField shared_fields[] = {
-    {0, 1, &CccRecord::month}, {1, 1, &CccRecord::day}, {2, 2, &CccRecord::hhmm}, {4, 10, &CccRecord::call}};
+using Rec = CccRecord;
+constexpr FieldKind text = FieldKind::text;
 
-constexpr CccField zone_fields[] = {{15, 4, &CccRecord::exchange}, {19, 1, &CccRecord::band},
-                                    {20, 1, &CccRecord::mode},     {22, 6, &CccRecord::mult_text},
-                                    {28, 1, &CccRecord::points},   {29, 1, &CccRecord::new_mult}};
+constexpr std::tuple shared_fields{Field{&Rec::month, 0, 1}, Field{&Rec::day, 1, 1}, Field{&Rec::hhmm, 2, 2},
+                                   Field{&Rec::call, 4, 10, text}};
 
-constexpr CccField serial_fields[] = {{15, 4, &CccRecord::exchange},    {19, 1, &CccRecord::band},
-                                      {20, 1, &CccRecord::mode},        {22, 6, &CccRecord::mult_text},
-                                      {28, 2, &CccRecord::sent_serial}, {30, 1, &CccRecord::points},
-                                      {31, 1, &CccRecord::new_mult}};
+constexpr auto zone_fields =
+    std::tuple_cat(shared_fields, std::tuple{Field{&Rec::exchange, 15, 4, text}, Field{&Rec::band, 19, 1},
+                                             Field{&Rec::mode, 20, 1}, Field{&Rec::mult_text, 22, 6, text},
+                                             Field{&Rec::points, 28, 1}, Field{&Rec::new_mult, 29, 1}});
 
-constexpr CccField iaru_fields[] = {{15, 5, &CccRecord::exchange},
-                                    {20, 1, &CccRecord::band},
-                                    {21, 1, &CccRecord::mode},
-                                    {22, 1, &CccRecord::points},
-                                    {23, 1, &CccRecord::new_mult}};
+constexpr auto serial_fields =
+    std::tuple_cat(shared_fields, std::tuple{Field{&Rec::exchange, 15, 4, text}, Field{&Rec::band, 19, 1},
+                                             Field{&Rec::mode, 20, 1}, Field{&Rec::mult_text, 22, 6, text},
+                                             Field{&Rec::sent_serial, 28, 2}, Field{&Rec::points, 30, 1},
+                                             Field{&Rec::new_mult, 31, 1}});
 
-constexpr CccField power_fields[] = {{15, 4, &CccRecord::exchange}, {19, 1, &CccRecord::band},
-                                     {20, 1, &CccRecord::mode},     {21, 1, &CccRecord::power},
-                                     {22, 1, &CccRecord::points},   {23, 1, &CccRecord::new_mult}};
+constexpr auto iaru_fields =
+    std::tuple_cat(shared_fields, std::tuple{Field{&Rec::exchange, 15, 5, text}, Field{&Rec::band, 20, 1},
+                                             Field{&Rec::mode, 21, 1}, Field{&Rec::points, 22, 1},
+                                             Field{&Rec::new_mult, 23, 1}});
 
-/// True when each field begins behind the one before it and the last one ends inside a record.
-constexpr bool fits(std::span<const CccField> fields, std::size_t begin, std::size_t record_size) {
-  return std::ranges::all_of(fields, [&](const CccField& field) {
-    const bool behind = field.offset >= begin;
-    begin = field.offset + field.width;
-    return behind && begin <= record_size;
-  });
-}
-constexpr std::size_t shared_end = 15;
-static_assert(fits(shared_fields, 0, shared_end));
-static_assert(fits(zone_fields, shared_end, 33) && fits(serial_fields, shared_end, 35));
-static_assert(fits(iaru_fields, shared_end, 26) && fits(power_fields, shared_end, 26));
+constexpr auto power_fields =
+    std::tuple_cat(shared_fields, std::tuple{Field{&Rec::exchange, 15, 4, text}, Field{&Rec::band, 19, 1},
+                                             Field{&Rec::mode, 20, 1}, Field{&Rec::power, 21, 1},
+                                             Field{&Rec::points, 22, 1}, Field{&Rec::new_mult, 23, 1}});
 
-std::uint32_t little_endian(std::string_view bytes) {
-  std::uint32_t value = 0;
-  for (std::size_t i = bytes.size(); i-- > 0;) value = value << 8U | static_cast<unsigned char>(bytes[i]);
-  return value;
-}
+static_assert(fields_fit(zone_fields, 33) && fields_fit(serial_fields, 35));
+static_assert(fields_fit(iaru_fields, 26) && fields_fit(power_fields, 26));
 
-void read_fields(std::string_view bytes, std::span<const CccField> fields, CccRecord& rec) {
-  for (const CccField& field : fields) {
-    const std::string_view part = bytes.substr(field.offset, field.width);
-    if (const auto* number = std::get_if<std::uint32_t CccRecord::*>(&field.to))
-      rec.*(*number) = little_endian(part);
-    else
-      rec.*std::get<std::string_view CccRecord::*>(field.to) = part;
-  }
+template <const auto& table>
+void decode(std::string_view bytes, CccRecord& rec) {
+  read_fields(bytes, table, rec);
 }
 
 }  // namespace
 
-constinit const CccLayout ccc_zone_layout{{33, 33}, zone_fields};
-constinit const CccLayout ccc_serial_layout{{35, 35}, serial_fields};
-constinit const CccLayout ccc_iaru_layout{{26, 27}, iaru_fields};
-constinit const CccLayout ccc_power_layout{{26, 27}, power_fields};
+constinit const CccLayout ccc_zone_layout{{33, 33}, decode<zone_fields>};
+constinit const CccLayout ccc_serial_layout{{35, 35}, decode<serial_fields>};
+constinit const CccLayout ccc_iaru_layout{{26, 27}, decode<iaru_fields>};
+constinit const CccLayout ccc_power_layout{{26, 27}, decode<power_fields>};
 
 std::size_t ccc_record_size(const CccLayout& layout, std::uint64_t length) {
   return length % layout.sizes.front() == 0 ? layout.sizes.front() : layout.sizes.back();
-}
-
-void read_ccc_record(std::string_view bytes, const CccLayout& layout, CccRecord& rec) {
-  read_fields(bytes, shared_fields, rec);
-  read_fields(bytes, layout.fields, rec);
 }
 
 }  // namespace varnisto

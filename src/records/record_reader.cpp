@@ -52,6 +52,7 @@ std::string_view RecordReader::front(std::size_t size) {
 
 bool RecordReader::next(std::size_t size, std::string_view& record) {
   const std::size_t count = have(size);
+  if (count < size) rest_ = std::max(rest_, count);  // the call behind it finds nothing
   if (count < size && !counts_as_record(count, size, number_)) return false;
   ++number_;
   if (number_ > most_records) throw RunTimeError(RunTimeError::overflow, place());

@@ -29,6 +29,8 @@ class RecordReader {
   /// False when there is no more. Throws RunTimeError 6 for more than 32,767 records, 57.
   bool next(std::size_t size, std::string_view& record);
 
+  /// Bytes behind the last whole record, once next() has found the end.
+  std::size_t rest() const { return rest_; }
   /// Number of the record that next() gave last, from 1.
   std::size_t number() const { return number_; }
   /// "path: n 番目のレコード", for messages.
@@ -45,6 +47,7 @@ class RecordReader {
   std::size_t begin_ = 0;  ///< first byte not yet handed out
   std::size_t end_ = 0;    ///< end of what was read
   std::size_t number_ = 0;
+  std::size_t rest_ = 0;
 };
 
 }  // namespace varnisto

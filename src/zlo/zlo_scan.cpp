@@ -2,6 +2,7 @@
 
 #include "base/cp932.h"
 #include "base/text.h"
+#include "core/power.h"
 
 namespace varnisto {
 namespace {
@@ -18,13 +19,6 @@ Mode mode_of_text(std::string_view mode) {
   return Mode::mixed;
 }
 
-/// Watts that a sent number stands for.
-std::int64_t watts_of(std::string_view sent_no) {
-  constexpr std::int64_t kilowatt = 1000;
-  if (sent_no.find_first_of("Kk") != std::string_view::npos) return kilowatt;
-  return round_half_even(numeric_value(sent_no));
-}
-
 }  // namespace
 
 ScanCounts scan_zlo(ZloReader& log, bool rtty) {
@@ -39,18 +33,15 @@ ScanCounts scan_zlo(ZloReader& log, bool rtty) {
 }
 
 std::string highest_zlo_power(ZloReader& log) {
-  std::int64_t highest = 0;
-  std::string text = "0", sent_no;
+  HighestPower highest{"0"};
+  std::string sent_no;
   CodePage code_page;
   for (ZloWalk walk{log}; walk.next();) {
     sent_no.clear();
     code_page.decode(trim(walk.qso().sent_no), sent_no);
-    const std::int64_t watts = watts_of(sent_no);
-    if (watts <= highest) continue;
-    highest = watts;
-    text = sent_no;
+    highest.add(sent_no);
   }
-  return text;
+  return highest.text();
 }
 
 }  // namespace varnisto

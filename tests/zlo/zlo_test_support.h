@@ -1,23 +1,16 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
-#include "base/line_sink.h"
+#include "support/line_list.h"
 #include "support/zlo_log.h"
 #include "zlo/zlo_files.h"
 
 namespace varnisto::test {
 
-class LineList final : public LineSink {
- public:
-  std::vector<std::string> lines;
-  void put(std::string_view line) override { lines.emplace_back(line); }
-};
-
-inline ZloReader reader_of(const std::string& bytes, const std::string& name = "log.ZLO") {
-  return ZloReader{RecordReader::from_bytes(bytes, name)};
+inline ZloReader reader_of(const std::string& bytes) {
+  return ZloReader{RecordReader::from_bytes(bytes, "log.ZLO")};
 }
 
 /// What both files of a log hold, and what was counted.
