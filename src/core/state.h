@@ -88,10 +88,10 @@ struct EntryChoice {
   Transmitter transmitter = Transmitter::one;
   bool transmitter_chosen = false;  ///< the selection dialog was asked for `transmitter`
   Station station = Station::fixed;
-  Mode mode = Mode::mixed;       ///< CATEGORY-MODE
-  std::optional<Band> band_sel;  ///< once a scan or the dialog has named one for this log
-  std::string overlay_cat;       ///< CATEGORY-OVERLAY; blank for none
-  bool dialog_shown = false;     ///< the selection dialog was confirmed for this log
+  Mode mode = Mode::mixed;         ///< CATEGORY-MODE
+  std::optional<Band> band_sel{};  ///< once a scan or the dialog has named one for this log
+  std::string overlay_cat{};       ///< CATEGORY-OVERLAY; blank for none
+  bool dialog_shown = false;       ///< the selection dialog was confirmed for this log
 };
 
 /// The chosen input and every name derived from it.

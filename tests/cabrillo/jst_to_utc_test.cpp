@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
 #include "base/text.h"
+#include "support/errors.h"
 #include "support/rows.h"
 #include "support/test_app.h"
 
@@ -31,18 +31,15 @@ TEST(JstToUtc, MovesDateAndTimeOfAQsoLine) {
   }
 }
 
-TEST(JstToUtc, CountsColumnsInCharacters) {
-  std::string line = "QSO: 表7000 CW 2002-11-24 0300 QX1ABC";
-  ASSERT_TRUE(J2U(line, is_ascii(line)));
-  EXPECT_EQ(line, "QSO: 表7000 CW 2002-11-23 1800 QX1ABC");
-}
-
-TEST(JstToUtc, TakesALineThatEndsBehindTheTime) {
-  std::string line = "QSO: 14025 CW 2002-11-24 0300";
-  ASSERT_TRUE(J2U(line, is_ascii(line)));
-  EXPECT_EQ(line, "QSO: 14025 CW 2002-11-23 1800 ");
-  line = "QSO: 14025 CW 2002-11-24 030";
-  EXPECT_FALSE(J2U(line, is_ascii(line)));
+TEST(JstToUtc, CountsCharactersAndTakesALineThatEndsBehindTheTime) {
+  for (const auto& [japan, utc] :
+       texts_of<2>("QSO: 表7000 CW 2002-11-24 0300 QX1ABC|QSO: 表7000 CW 2002-11-23 1800 QX1ABC",
+                   "QSO: 14025 CW 2002-11-24 0300|QSO: 14025 CW 2002-11-23 1800 ",
+                   "QSO: 14025 CW 2002-11-24 030|QSO: 14025 CW 2002-11-24 030")) {
+    std::string line = japan;
+    EXPECT_EQ(J2U(line, is_ascii(line)), utc != japan);
+    EXPECT_EQ(line, utc);
+  }
 }
 
 TEST(JstToUtc, GivesTheDateOfTheQtcLog) {
@@ -52,42 +49,28 @@ TEST(JstToUtc, GivesTheDateOfTheQtcLog) {
 }
 
 TEST(ConvJ2U, ConvertsTheFileThatWasWrittenAndNothingElse) {
-  for (const std::string row : {"QX1ABC.cbr", "QX1ABC-7L.log"}) {
-    SCOPED_TRACE(row);
-    TestApp test;
-    std::string& out_name = test.app.state.log.input.out_name;
-    out_name = test.work.write_text(row,
-                                    "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
-                                    "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
-                                    "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
-                                    "END-OF-LOG:\n");
-    conv_J2U(test.app);
-    test.app.outputs.commit();
-    EXPECT_EQ(test.work.files().size(), 1U);
-    EXPECT_EQ(test.work.read_text(row),
-              "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
-              "QSO: 14025 CW 2002-12-31 2000 QX1ABC\n"
-              "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n"
-              "END-OF-LOG:\n");
-  }
+  TestApp test;
+  test.app.state.log.input.out_name =
+      test.work.write_text("QX1ABC-7L.log",
+                           "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
+                           "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
+                           "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n");
+  conv_J2U(test.app);
+  test.app.outputs.commit();
+  EXPECT_EQ(test.work.files().size(), 1U);
+  EXPECT_EQ(test.work.read_text("QX1ABC-7L.log"),
+            "SOAPBOX: QSO: 14025 CW 2002-11-24 0300 in a comment 楽\n"
+            "QSO: 14025 CW 2002-12-31 2000 QX1ABC\n"
+            "QTC: 14025 CW 2003-01-01 0500 QX1ABC\n");
 }
 
-TEST(ConvJ2UBadDate, NamesTheLineAndLeavesTheLog) {
+TEST(ConvJ2U, NamesTheLineOfADateThatIsNoneAndLeavesTheLog) {
   TestApp test;
-  const std::string text =
-      "QSO: 14025 CW 2003-01-01 0500 QX1ABC\n"
-      "QSO: 14025 CW 2003-02-30 0500 QX1ABC\n";
+  const std::string text = "QSO: 14025 CW 2003-01-01 0500 QX1ABC\nQSO: 14025 CW 2003-02-30 0500 QX1ABC\n";
   test.app.state.log.input.out_name = test.work.write_text("QX1ABC.cbr", text);
-  try {
-    conv_J2U(test.app);
-    FAIL() << "a date that is none was taken";
-  } catch (const RunTimeError& error) {
-    EXPECT_EQ(error.number, RunTimeError::type_mismatch);
-    EXPECT_NE(std::string{error.what()}.find(": 2 行目: QSO: 14025 CW 2003-02-30"), std::string::npos)
-        << error.what();
-  }
+  EXPECT_TRUE(contains(error_text_of([&] { conv_J2U(test.app); }), ": 2 行目: QSO: 14025 CW 2003-02-30"));
   test.app.outputs.back_to(0);
-  EXPECT_EQ(test.work.files().size(), 1U);
+  EXPECT_EQ(error_of([&] { conv_J2U(test.app); }), RunTimeError::type_mismatch);
   EXPECT_EQ(test.work.read_text("QX1ABC.cbr"), text);
 }
 

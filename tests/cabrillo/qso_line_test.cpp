@@ -79,12 +79,10 @@ TEST(QsoLine, FormatterGoesByTheFirstSevenCharacters) {
 }
 
 TEST(Conversions, BandsOfFrequencies) {
-  const std::pair<const char*, const char*> rows[] = {{" 1900", "160M"}, {" 3500", "80M"}, {" 7012", "40M"},
-                                                      {"10100", "30M"},  {"14000", "20M"}, {"18100", "17M"},
-                                                      {"21000", "15M"},  {"24900", "12M"}, {"29000", "10M"},
-                                                      {"7000", "40M"},   {"7.1", "40M"}};
-  for (const auto& [freq5, band] : rows) EXPECT_EQ(freq_band(freq5), band) << freq5;
-  EXPECT_EQ(freq_band("50000"), std::nullopt);
+  for (const auto& [freq5, band] :
+       texts_of<2>(" 1900|160M", " 3500|80M", " 7012|40M", "10100|30M", "14000|20M", "18100|17M", "21000|15M",
+                   "24900|12M", "28000|10M", "29000|10M", "7000|40M", "7.1|40M", "50000|none"))
+    EXPECT_EQ(freq_band(freq5).value_or("none"), band) << freq5;
   EXPECT_EQ(band_henkan("160", true), " 1800");
   EXPECT_EQ(band_henkan("20", true), "14000");
   EXPECT_EQ(band_henkan("30", false), std::nullopt);

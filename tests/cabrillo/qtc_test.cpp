@@ -11,46 +11,30 @@ namespace varnisto::test {
 namespace {
 
 TEST(QtcMemos, AreTakenWhenReceiverDateAndTimeAreThere) {
-  struct Row {
-    std::string name, line;
-    std::vector<std::string> complete;  ///< "group/number receiver date time band" of each
-    std::int32_t incomplete = 0;
-  };
-  for (const Row& row :
-       rows_of(Row{"none", "memo [TX] (7012)", {}},
-               Row{"full", "x [QTC2/10 QX9EUR 2025-08-09 0712 20m] y", {"2/10 QX9EUR 2025-08-09 0712 20m"}},
-               Row{"lower_case", "[qtc2/10 QX9EUR 2025-08-09 0712]", {"2/10 QX9EUR 2025-08-09 0712 "}},
-               Row{"other_brackets_first",
-                   "[TX] [QTC2/10 QX9EUR 2025-08-09 0712 20m]",
-                   {"2/10 QX9EUR 2025-08-09 0712 20m"}},
-               Row{"two_on_a_line",
-                   "[QTC2/10 QX9EUR 2025-08-09 0712 20m][QTC3/5 QX8EUR 2025-08-09 0713 20m]",
-                   {"2/10 QX9EUR 2025-08-09 0712 20m", "3/5 QX8EUR 2025-08-09 0713 20m"}},
-               Row{"slashes_and_blanks",
-                   "[QTC2/10  QX9EUR 2025/08/09  0712 20m ]",
-                   {"2/10 QX9EUR 2025-08-09 0712 20m"}},
-               Row{"no_number", "[QTC2 QX9EUR 2025-08-09 0712]", {"2/ QX9EUR 2025-08-09 0712 "}},
-               Row{"no_group", "[QTC/10 QX9EUR 2025-08-09 0712]", {"/10 QX9EUR 2025-08-09 0712 "}},
-               Row{"no_receiver", "[QTC2/10 2025-08-09 0712 20m]", {}, 1},
-               Row{"no_date", "[QTC2/10 QX9EUR 0712 20m]", {}, 1},
-               Row{"no_time", "[QTC2/10 QX9EUR 2025-08-09 20m]", {}, 1},
-               Row{"impossible_date", "[QTC2/10 QX9EUR 2025-02-29 0712 20m]", {}, 1},
-               Row{"bare", "[QTC]", {}, 1}, Row{"cut_off", "[QTC2/10 QX9EUR 2025-08-09 0712", {}, 1},
-               Row{"incomplete_then_full",
-                   "[QTC2/10] [QTC2/10 QX9EUR 2025-08-09 0712 20m]",
-                   {"2/10 QX9EUR 2025-08-09 0712 20m"},
-                   1})) {
-    SCOPED_TRACE(row.name);
-    Occurrences incomplete;
-    std::vector<std::string> complete;
-    for_each_qtc(row.line, 3, incomplete, [&](const QtcMemo& memo) {
+  for (const auto& [line, complete, incomplete] :
+       texts_of<3>("memo [TX] (7012)||0",
+                   "x [QTC2/10 QX9EUR 2025-08-09 0712 20m] y|2/10 QX9EUR 2025-08-09 0712 20m;|0",
+                   "[qtc2/10 QX9EUR 2025-08-09 0712]|2/10 QX9EUR 2025-08-09 0712 ;|0",
+                   "[TX] [QTC2/10 QX9EUR 2025-08-09 0712 20m]|2/10 QX9EUR 2025-08-09 0712 20m;|0",
+                   "[QTC2/10 QX9EUR 2025-08-09 0712 20m][QTC3/5 QX8EUR 2025-08-09 0713 20m]|"
+                   "2/10 QX9EUR 2025-08-09 0712 20m;3/5 QX8EUR 2025-08-09 0713 20m;|0",
+                   "[QTC2/10  QX9EUR 2025/08/09  0712 20m ]|2/10 QX9EUR 2025-08-09 0712 20m;|0",
+                   "[QTC2 QX9EUR 2025-08-09 0712]|2/ QX9EUR 2025-08-09 0712 ;|0",
+                   "[QTC/10 QX9EUR 2025-08-09 0712]|/10 QX9EUR 2025-08-09 0712 ;|0",
+                   "[QTC2/10 2025-08-09 0712 20m]||1", "[QTC2/10 QX9EUR 0712 20m]||1",
+                   "[QTC2/10 QX9EUR 2025-08-09 20m]||1", "[QTC2/10 QX9EUR 2025-02-29 0712 20m]||1",
+                   "[QTC]||1", "[QTC2/10 QX9EUR 2025-08-09 0712||1",
+                   "[QTC2/10] [QTC2/10 QX9EUR 2025-08-09 0712 20m]|2/10 QX9EUR 2025-08-09 0712 20m;|1")) {
+    SCOPED_TRACE(line);
+    Occurrences missing;
+    std::string found;
+    for_each_qtc(line, 3, missing, [&](const QtcMemo& memo) {
       const QtcTime when = qtc_time(memo, false);
-      complete.push_back(std::string{memo.group} + "/" + std::string{memo.number} + " " +
-                         std::string{memo.receiver} + " " + when.date + " " + when.time + " " +
-                         std::string{memo.band});
+      found.append(memo.group).append("/").append(memo.number).append(" ").append(memo.receiver);
+      found.append(" " + when.date + " " + when.time + " ").append(memo.band).append(";");
     });
-    EXPECT_EQ(complete, row.complete);
-    EXPECT_EQ(incomplete.count, row.incomplete);
+    EXPECT_EQ(found, complete);
+    EXPECT_EQ(std::to_string(missing.count), incomplete);
   }
 }
 
