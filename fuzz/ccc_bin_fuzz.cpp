@@ -10,17 +10,6 @@ using namespace varnisto;
 
 namespace {
 
-/// What a file of these lines holds.
-std::string file_of(const std::vector<std::string>& lines) {
-  CodePage code_page;
-  std::string bytes;
-  for (const std::string& line : lines) {
-    code_page.encode(line, bytes, Unmappable::refuse);
-    bytes += "\r\n";
-  }
-  return bytes;
-}
-
 void convert(const std::string& text_log, const CccContest& contest, std::size_t records) try {
   TextReader log = TextReader::from_bytes(text_log);
   fuzz::LineList work;
@@ -49,7 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(char_count(line) >= points && char_count(line) <= points + 2, "every column is there");
     fuzz::require(numeric_value(mid(line, points)) <= 255, "the points stand behind them");
   }
-  const std::string file = file_of(text.lines);
+  std::string file;
+  for (const std::string& line : text.lines) file += to_cp932(line) + "\r\n";
   fuzz::require(fuzz::lines_of(file) == text.lines, "the file says the same");
   convert(file, contest, counts.records);
   return 0;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
 #include <string>
 
 #include "base/files.h"
@@ -21,11 +20,6 @@ class Switches {
     input.remove_prefix(std::min(letters_.size() + 1, input.size()));
   }
   bool on(char letter) const { return letters_.find(letter) != std::string_view::npos; }
-  /// The first switch of a row of letters that is on, by number; nothing when none is.
-  std::optional<int> choice(std::string_view row) const {
-    const std::size_t at = row.find_first_of(letters_);
-    return at == std::string_view::npos ? std::nullopt : std::optional{static_cast<int>(at)};
-  }
 
  private:
   std::string_view letters_;

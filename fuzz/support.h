@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "base/cp932.h"
-#include "base/line_sink.h"
 #include "base/text.h"
 #include "base/text_reader.h"
+#include "support/line_list.h"
 
 namespace varnisto::fuzz {
 
@@ -44,11 +44,6 @@ inline std::vector<std::string> lines_of(std::string_view bytes) {
   return lines;
 }
 
-/// Keeps the lines put into it.
-class LineList final : public LineSink {
- public:
-  std::vector<std::string> lines;
-  void put(std::string_view line) override { lines.emplace_back(line); }
-};
+using test::LineList;
 
 }  // namespace varnisto::fuzz

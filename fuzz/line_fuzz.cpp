@@ -1,0 +1,64 @@
+// Any lines on the ways that one line alone can take: from Japan Standard Time to UTC, through the search for
+// QTC memos, and back to the logger's text and to an ADIF file.
+
+#include "base/columns.h"
+#include "base/fields.h"
+#include "cabrillo/adif.h"
+#include "cabrillo/jst_to_utc.h"
+#include "cabrillo/qtc_memo.h"
+#include "cabrillo/qtc_merge.h"
+#include "cabrillo/to_zlog.h"
+#include "support.h"
+
+using namespace varnisto;
+
+namespace {
+
+void check_utc(const std::string& before) {
+  std::string after = before;
+  const bool moved = J2U(after, is_ascii(after));
+  if (!moved) return fuzz::require(after == before, "a line without a time stays as it is");
+  const TextLine old_line{before}, new_line{after};
+  const auto japan = read_minute(old_line.cut({15, 10}), old_line.cut({26, 4}));
+  const auto utc = read_minute(new_line.cut({15, 10}), new_line.cut({26, 4}));
+  fuzz::require(japan && utc && *japan - *utc == std::chrono::hours{9}, "nine hours lie between them");
+  fuzz::require(new_line.cut({1, 14}) == old_line.cut({1, 14}) && new_line.from(31) == old_line.from(31),
+                "only date and time change");
+}
+
+void check_qtcs(const std::string& line) {
+  Occurrences incomplete;
+  for_each_qtc(line, 2, incomplete, [](const QtcMemo& memo) {
+    const QtcTime passed = qtc_time(memo, true);
+    std::string text, record, field;
+    put_qtc_line({" 7000", "CW", passed.date, passed.time, memo.receiver, memo.group, memo.number, "QX1ABC",
+                  "0645", memo.band, memo.group},
+                 text);
+    fuzz::require(char_count(text) == 92, "every column of a QTC line is there");
+    set_quoted_fields(record, {memo.group, memo.receiver});
+    std::string_view rest = record;
+    fuzz::require(take_field(rest, field) && field == memo.group, "the first field comes back");
+    fuzz::require(!take_field(rest, field) && field == memo.receiver, "the last field comes back");
+  });
+}
+
+void check_way_back(const std::string& line) {
+  static AdifRecords records{{common_adif_layout, "TNX", true}};  // keeps its converter open
+  std::string text, record;
+  append_zlog_text_line(line, text);
+  // Date, exchanges, multiplier, band, points: the widths that no line can make smaller or larger.
+  fuzz::require(char_count(text) >= 41 && char_count(text) <= 80, "every column of the text is there");
+  records.make(TextLine{line}, record);
+  fuzz::require(record.starts_with("<call:") && record.ends_with("<EOR>"), "an ADIF record is whole");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  for (const std::string& line : fuzz::lines_of(fuzz::bytes_of(data, size))) {
+    check_utc(line);
+    check_qtcs(line);
+    if (line.starts_with("QSO:")) check_way_back(line);
+  }
+  return 0;
+}
