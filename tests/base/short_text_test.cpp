@@ -5,43 +5,38 @@
 namespace varnisto::test {
 namespace {
 
-/// Every length takes one of the ways through the words, or the long way behind them.
-class EveryLength : public testing::TestWithParam<std::size_t> {
- protected:
-  std::string text() const {
-    std::string text;
-    for (std::size_t i = 0; i < GetParam(); ++i) text += static_cast<char>('!' + i % 90);
-    return text;
-  }
-};
-
-TEST_P(EveryLength, IsCopiedWhole) {
-  std::string field{"old"};
-  set_text(field, text());
-  EXPECT_EQ(field, text());
-  std::string line{"old"};
-  set_joined(line, "<", text(), ">", left_aligned(text(), 30), right_aligned(text(), 30));
-  EXPECT_EQ(line, "<" + text() + ">" + pad_right(text(), 30) + pad_left(text(), 30));
-  set_left_aligned<14>(field, text());
-  EXPECT_EQ(field, pad_right(text(), 14));
-  set_left_aligned<14>(field, text());  // the second time it has its size
-  EXPECT_EQ(field, pad_right(text(), 14));
+/// Texts of every length that takes a way of its own through the words, and of some on the long way behind.
+std::vector<std::string> texts() {
+  std::vector<std::string> texts(1);
+  while (texts.size() < 90) texts.push_back(texts.back() + static_cast<char>('!' + texts.size()));
+  return texts;
 }
 
-TEST_P(EveryLength, IsLookedAtWhole) {
-  const std::string plain = text();
-  EXPECT_TRUE(is_ascii(plain));
-  EXPECT_TRUE(same_text(plain, text()));
-  EXPECT_FALSE(same_text(plain, plain + " "));
-  for (std::size_t i = 0; i < plain.size(); ++i) {
-    std::string other = plain;
-    other[i] = '\x80';
-    EXPECT_FALSE(is_ascii(other)) << i;
-    EXPECT_FALSE(same_text(plain, other)) << i;
+TEST(ShortText, OfEveryLengthIsCopiedWhole) {
+  for (const std::string& text : texts()) {
+    std::string field{"old"}, line{"old"};
+    set_text(field, text);
+    EXPECT_EQ(field, text);
+    set_joined(line, "<", text, ">", left_aligned(text, 30), right_aligned(text, 30));
+    EXPECT_EQ(line, "<" + text + ">" + pad_right(text, 30) + pad_left(text, 30));
+    for (int times = 0; times < 2; ++times) {  // the second time it has its size
+      set_left_aligned<14>(field, text);
+      EXPECT_EQ(field, pad_right(text, 14));
+    }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Lengths, EveryLength, testing::Range(std::size_t{0}, std::size_t{90}));
+TEST(ShortText, OfEveryLengthIsLookedAtWhole) {
+  for (const std::string& text : texts()) {
+    EXPECT_TRUE(is_ascii(text) && same_text(text, std::string{text}));
+    EXPECT_FALSE(same_text(text, text + " "));
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      std::string other = text;
+      other[i] = '\x80';
+      EXPECT_FALSE(is_ascii(other) || same_text(text, other)) << i;
+    }
+  }
+}
 
 TEST(ShortText, AlignsByCharacters) {
   std::string line;
