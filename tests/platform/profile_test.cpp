@@ -7,12 +7,14 @@
 
 #include "base/text.h"
 #include "support/errors.h"
+#include "support/other_user.h"
 #include "support/rows.h"
 #include "support/temp_dir.h"
 
 namespace varnisto::test {
 namespace {
 
+using Files = std::map<std::string, std::string>;
 using namespace std::literals;
 
 constexpr std::string_view file =
@@ -39,177 +41,124 @@ constexpr std::string_view file =
     "late=1\r\n";
 
 TEST(ProfileGet, FollowsTheRulesOfSuchFiles) {
-  struct Row {
-    std::string section, key, expected;
-  };
-  for (const Row& row :
-       rows_of(Row{"Main", "exe_rec", "7"}, Row{"varnisto.INI", "CALLSIGN", "QX1ABC/1"},
-               Row{" Varnisto.ini ", " call sign ", "QX1ABC"}, Row{"Varnisto.ini", "exe_rec", ""},
-               Row{"Varnisto.ini", "CLUB", ""}, Row{"Varnisto.ini", "#CLUB", "hash"},
-               Row{"Varnisto.ini", "NAME", "  Taro "}, Row{"Varnisto.ini", "E1", "'a\""},
-               Row{"Varnisto.ini", "E2", ""}, Row{"Varnisto.ini", "E3", "\""},
-               Row{"Varnisto.ini", "ADDRESS1", "a=b;c"}, Row{"Varnisto.ini", "late", ""},
-               Row{"Other", "open", "1"}, Row{"", "stray", ""}, Row{"None", "x", ""})) {
-    SCOPED_TRACE(row.section);
-    EXPECT_EQ(ProfileText{file}.get(row.section, row.key), row.expected);
-  }
+  for (const auto& [section, key, expected] : texts_of<3>(
+           "Main|exe_rec|7", "varnisto.INI|CALLSIGN|QX1ABC/1", " Varnisto.ini | call sign |QX1ABC",
+           "Varnisto.ini|exe_rec|", "Varnisto.ini|CLUB|", "Varnisto.ini|#CLUB|hash",
+           "Varnisto.ini|NAME|  Taro ", "Varnisto.ini|E1|'a\"", "Varnisto.ini|E2|", "Varnisto.ini|E3|\"",
+           "Varnisto.ini|ADDRESS1|a=b;c", "Varnisto.ini|late|", "Other|open|1", "|stray|", "None|x|"))
+    EXPECT_EQ(ProfileText{file}.get(section, key), expected) << section << " " << key;
 }
 
 TEST(ProfileSet, ChangesOneLineAndNothingElse) {
-  ProfileText text{file};
-  text.set("VARNISTO.INI", "Callsign", "QX2DEF");
-  EXPECT_EQ(text.bytes(), replace_all(file, "callsign=QX1ABC/1", "callsign=QX2DEF"));
+  struct Row {
+    std::string before, section, key, value, after;
+  };
+  const std::string all{file};
+  for (const Row& row :
+       rows_of(Row{all, "VARNISTO.INI", "Callsign", "QX2DEF",
+                   replace_all(file, "callsign=QX1ABC/1", "callsign=QX2DEF")},
+               Row{all, "Varnisto.ini", "CLUB", "表",  // behind the last key of its section
+                   replace_all(file, "ADDRESS1=a=b;c\r\n", "ADDRESS1=a=b;c\r\nCLUB=\x95\x5C\r\n")},
+               Row{"[A]\nx=1", "B", "y", " 2 ", "[A]\nx=1\r\n[B]\r\ny= 2 \r\n"},
+               Row{"[A]\nx=1", "A", "z", "3", "[A]\nx=1\r\nz=3\r\n"},
+               Row{"[A]\nx=a\rb\0\x1A\r\n"s, "A", "x", "a\rb\0\x1A"s, "[A]\nx=a\rb\0\x1A\r\n"s},
+               Row{"\xEF\xBB\xBF[A]\nx=\xE8\xA1\xA8\u20AC\n", "A", "y", "漢",
+                   "\xEF\xBB\xBF[A]\nx=表\u20AC\ny=漢\r\n"},
+               Row{"\xFF\xFE[\0A\0]\0\n\0"s, "A", "x", "表", "\xFF\xFE[\0A\0]\0\n\0x\0=\0h\x88\r\0\n\0"s},
+               Row{"\xFF\xFE[\0A\0]\0\n\0x\0=\0\x2D\xD8y\0"s, "A", "x", "\U0001F4FB",  // half a pair
+                   "\xFF\xFE[\0A\0]\0\n\0x\0=\0\x3D\xD8\xFB\xDC"s})) {
+    SCOPED_TRACE(row.before.substr(0, 20) + row.key);
+    EXPECT_EQ(ProfileText{row.before}.bytes(), row.before);
+    ProfileText text{row.before};
+    EXPECT_EQ(error_of([&] { text.set(row.section, row.key, "a\nb"); }), 5);
+    EXPECT_EQ(text.bytes(), row.before);
+    text.set(row.section, row.key, row.value);
+    EXPECT_EQ(text.bytes(), row.after);
+    EXPECT_EQ(ProfileText{text.bytes()}.get(row.section, row.key), profile_value(row.value));
+  }
 }
 
-TEST(ProfileSet, PutsANewKeyBehindTheSectionsLastOne) {
-  ProfileText text{file};
-  text.set("Varnisto.ini", "CLUB", "表");
-  EXPECT_EQ(text.bytes(), replace_all(file, "ADDRESS1=a=b;c\r\n", "ADDRESS1=a=b;c\r\nCLUB=\x95\x5C\r\n"));
-}
+/// A settings file in a folder of its own.
+class FileProfileTest : public testing::Test {
+ protected:
+  void set(Profile& to, const std::string& key, const std::string& value) const {
+    const ProfileEntry entry{"A", key, value};
+    to.set(path, {&entry, 1});
+  }
 
-TEST(ProfileSet, PutsANewSectionAtTheEnd) {
-  ProfileText text{"[A]\nx=1"};
-  text.set("B", "y", " 2 ");
-  text.set("A", "z", "3");
-  EXPECT_EQ(text.bytes(), "[A]\nx=1\r\nz=3\r\n[B]\r\ny= 2 \r\n");
-  EXPECT_EQ(text.get("b", "Y"), "2");
-}
-
-TEST(ProfileSet, KeepsUtf16) {
-  std::string bytes = "\xFF\xFE";
-  for (const char c : std::string_view{"[A]\r\nx=1\r\n"}) bytes.append({c, '\0'});
-  ProfileText text{bytes};
-  EXPECT_EQ(text.bytes(), bytes);
-  text.set("A", "x", "\U0001F4FB表");
-  EXPECT_EQ(ProfileText{text.bytes()}.get("A", "x"), "\U0001F4FB表");
-  EXPECT_TRUE(text.bytes().starts_with("\xFF\xFE"));
-  const std::string half_pair = "\xFF\xFE[\0]\0\n\0x\0=\0\x2D\xD8y\0"s;
-  EXPECT_EQ(ProfileText{half_pair}.bytes(), half_pair);
-}
-
-TEST(ProfileSet, RefusesALineBreakInAValue) {
-  ProfileText text{file};
-  EXPECT_EQ(error_of([&] { text.set("Main", "x", "a\nb"); }), 5);
-  EXPECT_EQ(text.bytes(), file);
-}
-
-TEST(ProfileSet, OtherControlCharactersStayAsTheFileHoldsThem) {
-  const std::string odd =
-      "[Main]\r\nx=a\rb\0\x1A"
-      "c\r\n"s;
-  ProfileText text{odd};
-  text.set("Main", "x", text.get("Main", "x"));
-  EXPECT_EQ(text.bytes(), odd);
-}
-
-TEST(ProfileFile, AUtf8MarkIsSkippedAndStays) {
-  ProfileText text{"\xEF\xBB\xBF[Main]\r\nx=\xE8\xA1\xA8\xE2\x82\xAC\r\n"};
-  EXPECT_EQ(text.get("Main", "x"), "表\u20AC");
-  text.set("Main", "y", "漢");
-  EXPECT_EQ(text.bytes(), "\xEF\xBB\xBF[Main]\r\nx=表\u20AC\r\ny=漢\r\n");
-}
-
-TEST(ProfileFile, WhatKeepsItFromBeingReadIsError75) {
+  const std::string before = "[A]\r\nx=1\r\n";
   TempDir dir;
-  std::filesystem::create_directory(dir.path() + "a.ini");
-  const std::string endless = dir.write("b.ini", "[Main]\nx=" + std::string(1 << 20, 'x') + "\n");
+  const std::string path = dir.write("v.ini", before);
   FileProfile profile;
+};
+
+TEST_F(FileProfileTest, SaysWhatKeepsItFromBeingReadOrWritten) {
+  std::filesystem::create_directory(dir.path() + "a.ini");
   EXPECT_EQ(error_of([&] { profile.get(dir.path() + "a.ini", "Main", "x"); }), 75);
+  const std::string endless = dir.write("b.ini", "[Main]\nx=" + std::string(1 << 20, 'x') + "\n");
   EXPECT_EQ(error_of([&] { profile.get(endless, "Main", "x"); }), 5);
   EXPECT_EQ(error_text_of([&] { profile.get(endless, "Main", "x"); }), endless + ": 2 行目");
+  const ProfileEntry entry{"A", "x", "1"};
+  EXPECT_EQ(error_of([&] { profile.set(dir.path() + "none/v.ini", {&entry, 1}); }), 76);
 }
 
-TEST(ProfileFile, APlantedLinkOfAnOldScratchNameIsLeftAlone) {
-  TempDir dir;
-  const std::string path = dir.write("a.ini", "[Main]\r\nx=1\r\n");
+TEST_F(FileProfileTest, APlantedLinkOfAnOldScratchNameIsLeftAlone) {
   std::filesystem::create_symlink(dir.write("other", "other"), path + ".new");
-  FileProfile profile;
-  const ProfileEntry entry{"Main", "x", "2"};
-  profile.set(path, {&entry, 1});
-  EXPECT_EQ(dir.read("a.ini"), "[Main]\r\nx=2\r\n");
+  set(profile, "x", "2");
+  EXPECT_EQ(dir.read("v.ini"), "[A]\r\nx=2\r\n");
   EXPECT_EQ(dir.read("other"), "other");
 }
 
-TEST(ProfileFile, ParallelWritersLoseNothing) {
-  TempDir dir;
-  const std::string path = dir.write("a.ini", "[Main]\r\ncount=0\r\n");
+TEST_F(FileProfileTest, ParallelWritersLoseNothing) {
   constexpr int writers = 4, times = 25;
   for (int i = 0; i < writers; ++i) {
     if (::fork() != 0) continue;
-    FileProfile profile;
     for (int k = 0; k < times; ++k) {
       const ProfileHold hold{profile, path};
-      const int count = std::stoi(profile.get(path, "Main", "count")) + 1;
-      const ProfileEntry entry{"Main", "count", std::to_string(count)};
-      profile.set(path, {&entry, 1});
+      set(profile, "x", std::to_string(std::stoi(profile.get(path, "A", "x")) + 1));
     }
     ::_exit(0);
   }
   while (::wait(nullptr) > 0) {
   }
-  EXPECT_EQ(dir.read("a.ini"), "[Main]\r\ncount=100\r\n");
-  EXPECT_EQ(dir.files().size(), 1U);
+  EXPECT_EQ(dir.files(), (Files{{"v.ini", "[A]\r\nx=101\r\n"}}));
 }
 
-void set(Profile& profile, const std::string& path, const std::string& key, const std::string& value) {
-  const ProfileEntry entry{"A", key, value};
-  profile.set(path, {&entry, 1});
-}
-
-TEST(FileProfile, MakesTheFileSeesForeignChangesAndIgnoresCase) {
-  TempDir dir;
-  FileProfile profile;
-  const std::string path = dir.path() + "v.ini";
+TEST_F(FileProfileTest, MakesTheFileSeesForeignChangesAndIgnoresCase) {
+  std::filesystem::remove(path);
   EXPECT_EQ(profile.get(path, "A", "x"), "");
   EXPECT_FALSE(profile.exists(path));
-  set(profile, path, "x", "1");
-  EXPECT_EQ(dir.read("v.ini"), "[A]\r\nx=1\r\n");
+  set(profile, "x", "1");
+  EXPECT_EQ(dir.read("v.ini"), before);
   EXPECT_EQ(profile.get(path, "A", "x"), "1");
   dir.write("v.ini", "[A]\nx=22\n");
   EXPECT_EQ(profile.get(path, "A", "x"), "22");
-  set(profile, dir.path() + "V.INI", "y", "3");
-  EXPECT_EQ(dir.read("v.ini"), "[A]\nx=22\ny=3\r\n");
-  EXPECT_EQ(dir.files().size(), 1U);
-  EXPECT_EQ(error_of([&] { set(profile, dir.path() + "none/v.ini", "x", "1"); }), 76);
+  std::filesystem::rename(path, dir.path() + "V.INI");
+  set(profile, "y", "3");
+  EXPECT_EQ(dir.files(), (Files{{"V.INI", "[A]\nx=22\ny=3\r\n"}}));
 }
 
-TEST(FileProfile, WritesAllValuesOrNone) {
-  TempDir dir;
-  FileProfile profile;
-  const std::string path = dir.write("v.ini", "[A]\r\nx=1\r\n");
-  const ProfileEntry entries[] = {{"A", "x", "2"}, {"A", "y", "a\nb"}};
-  EXPECT_EQ(error_of([&] { profile.set(path, entries); }), 5);
-  const ProfileEntry unmappable[] = {{"A", "x", "2"}, {"A", "y", "\u20AC"}};
-  EXPECT_EQ(error_of([&] { profile.set(path, unmappable); }), 5);
-  EXPECT_EQ(dir.files(), (std::map<std::string, std::string>{{"v.ini", "[A]\r\nx=1\r\n"}}));
+TEST_F(FileProfileTest, WritesAllValuesOrNone) {
+  for (const char* value : {"a\nb", "\u20AC"}) {
+    const ProfileEntry entries[] = {{"A", "x", "2"}, {"A", "y", value}};
+    EXPECT_EQ(error_of([&] { profile.set(path, entries); }), 5);
+  }
+  {
+    std::filesystem::permissions(path, std::filesystem::perms{0444});
+    const OtherUser no_root{{dir.path()}};
+    EXPECT_EQ(error_of([&] { set(profile, "x", "2"); }), 70);
+  }
+  EXPECT_EQ(dir.files(), (Files{{"v.ini", before}}));
 }
 
-TEST(FileProfileDeathTest, AReadOnlyFileIsRefusedAndStays) {
-  TempDir dir;
-  const std::string path = dir.write("v.ini", "[A]\r\nx=1\r\n");
-  std::filesystem::permissions(path, std::filesystem::perms{0444});
-  std::filesystem::permissions(dir.path(), std::filesystem::perms{0777});
-  const auto set_as_nobody = [&] {
-    // The superuser may write everything: become someone else first (without effect for other users).
-    if (setuid(65534) != 0 && geteuid() == 0) _exit(1);
-    FileProfile profile;
-    _exit(error_of([&] { set(profile, path, "x", "2"); }));
-  };
-  EXPECT_EXIT(set_as_nobody(), testing::ExitedWithCode(70), "");
-  EXPECT_EQ(dir.files(), (std::map<std::string, std::string>{{"v.ini", "[A]\r\nx=1\r\n"}}));
-}
-
-TEST(OverlayProfile, ReadsThroughAndWritesNothing) {
-  TempDir dir;
-  FileProfile below;
-  const std::string path = dir.write("v.ini", "[A]\r\nx=1\r\ny=2\r\n");
-  OverlayProfile overlay{below};
-  set(overlay, path, "X", "\" 5 \"");
+TEST_F(FileProfileTest, AnOverlayReadsThroughAndWritesNothing) {
+  OverlayProfile overlay{profile};
+  EXPECT_EQ(overlay.get(path, "A", "x"), "1");
+  set(overlay, "X", "\" 5 \"");
   EXPECT_EQ(overlay.get(path, "a", "x"), " 5 ");
-  set(overlay, path, "x", "6");
+  set(overlay, "x", "6");
   EXPECT_EQ(overlay.get(path, "a", "X"), "6");
-  EXPECT_EQ(overlay.get(path, "A", "y"), "2");
-  EXPECT_EQ(dir.read("v.ini"), "[A]\r\nx=1\r\ny=2\r\n");
+  EXPECT_EQ(dir.read("v.ini"), before);
 }
 
 }  // namespace
