@@ -56,8 +56,8 @@ TEST(Cp932, BytesThatAreNoCharacterSurvive) {
 TEST(Cp932, AnUnmappableCharacterIsRefusedOrAQuestionMark) {
   const std::pair<std::string, std::string> rows[] = {{"QX1\u20AC", "QX1?"},
                                                       {"a\U0001F4FBb", "a?b"},
-                                                      {"\xE6\xBC", "?"},
-                                                      {"\xC0\x80", "??"},
+                                                      {"\xE6\xBC", "??"},
+                                                      {"\xC0\x80", "?"},
                                                       {std::string{escape_lead} + "\xBA\r", "???\r"}};
   for (const auto& [text, marked] : rows) {
     EXPECT_EQ(error_of([&] { to_cp932(text); }), 5) << text;
