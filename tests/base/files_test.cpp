@@ -182,6 +182,10 @@ TEST(Fields, AreReadOverLineEnds) {
     EXPECT_EQ(fields, expected);
     EXPECT_EQ(error_of([&] { reader.must_next(); }), 62);
   }
+  FieldReader reader{TextReader::from_bytes("a,b\nc")};
+  reader.must_next();
+  reader.end_line();
+  EXPECT_EQ(reader.must_next(), "c");
 }
 
 TEST(Files, LeftoversOfAnOutputAreTheFilesWithANumberOrOneCharacterMore) {
