@@ -99,6 +99,8 @@ void open_input(App& app) {
   main.kaishi.enabled = main.cmdReSet.enabled = main.cmdReSelect.enabled = has_folder(input.in_name);
   derive_names(app);
   derive_output_names(app);
+  main.mnu_mc.enabled =
+      app.state.settings.pad_use_flag && has_folder(input.in_name) && file_exists(input.cbr_name);
   const auto kind = log_kind_of(to_upper(input.in_ext));
   if (kind == InputKind::ccc_txt) refuse_foreign_text(input.in_name);
   if (!kind) throw Refusal(std::string{unknown_kind_text});
@@ -106,9 +108,17 @@ void open_input(App& app) {
   choose_summary(input);
   prepare(app);
   input.opened = true;
-  main.kaishi.enabled = !needs_selection(app);
-  main.mnu_mc.enabled =
-      app.state.settings.pad_use_flag && has_folder(input.in_name) && file_exists(input.cbr_name);
+  if (needs_selection(app)) main.kaishi.enabled = false;  // else as a selection dialog has left it
+}
+
+/// A debug log ends where its log is refused.
+void open_or_refuse(App& app) {
+  try {
+    FileOpen2(app);
+  } catch (const Refusal&) {
+    if (app.trace.armed()) close_debug_log(app);
+    throw;
+  }
 }
 
 /// Half an opened log must not be converted.
@@ -132,7 +142,7 @@ void FileOpen2(App& app) {
 void open_chosen_file(App& app, const std::string& path) {
   if (has_folder(path)) {
     begin_log(app, path);
-    FileOpen2(app);
+    open_or_refuse(app);
   }
   if (app.trace.armed()) close_debug_log(app);
 }

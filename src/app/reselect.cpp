@@ -10,9 +10,8 @@ void cmdReSelect_Click(App& app) {
   app.trace.line("Private Sub cmdReSelect_Click()");
   app.state.display.progress = Progress::none;
   ContestState& contest = app.state.log.contest;
-  const bool chosen = show_select_cont(app);
+  show_select_cont(app);
   if (contest.contest_line.empty()) contest.contest_line = contest.contest_name;
-  if (chosen && app.state.log.input.opened) app.main.kaishi.enabled = true;
 }
 
 void cmdReSet_Click(App& app) {

@@ -132,7 +132,6 @@ void read_zlo_head(App& app) {
   LogState& state = app.state.log;
   ZloReader log{state.input.in_name};
   const ZloHead head = read_zlo_head(log);
-  app.state.settings.mycall_base = head.call;
   state.zlo.utc = head.utc;
   state.zlo.qso_count = head.qso_count;
   state.contest.zlo_title = state.contest.cont_id = head.title;

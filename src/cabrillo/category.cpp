@@ -84,9 +84,9 @@ std::string set_contest_code(App& app) {
 
 std::string_view operator_cat(const State& state) {
   const OperatorNames& names = names_of(state.entry.op);
-  const bool summary_of_zlo =
-      state.log.input.in_kind == InputKind::zlog_zlo && state.log.contest.select_from != SelectFrom::za2c_zsm;
-  return summary_of_zlo ? names.text : names.name;
+  const InputKind kind = state.log.input.in_kind;
+  const bool from_records = kind == InputKind::zlog_zlo || names_of(kind).is_ccc;
+  return from_records && state.log.contest.select_from != SelectFrom::za2c_zsm ? names.text : names.name;
 }
 
 std::optional<Band> only_band_worked(const TallyState& tally) {

@@ -57,7 +57,7 @@ void read_contest_names(FieldReader reader, std::vector<ContestName>& names) {
     ContestName record;
     record.title = *std::move(title);
     record.code = next_on_line();
-    record.note = next_on_line();
+    next_on_line();  // a note
     reader.end_line();
     names.push_back(std::move(record));
   }

@@ -22,9 +22,9 @@ void sort_scratch(App& app, std::string_view columns, const std::string& input, 
 
 /// Reads the records of a scratch file, `n` fields each. The fields stand until the next record is read.
 template <std::size_t n>
-class RecordReader {
+class ScratchRecords {
  public:
-  explicit RecordReader(const std::string& path) : reader_(path) {}
+  explicit ScratchRecords(const std::string& path) : reader_(path) {}
 
   /// The next record; false at the end of the file. Throws RunTimeError 62 for half a record.
   bool next() {

@@ -43,7 +43,7 @@ void collect(TextReader& log, bool to_utc, const std::string& path) {
 }
 
 void drop_repeated(const std::string& from, const std::string& to) {
-  RecordReader<series_fields> records{from};
+  ScratchRecords<series_fields> records{from};
   TextWriter out = TextWriter::scratch(to);
   std::string record;
   std::string previous;
@@ -77,7 +77,7 @@ void put_titles(const App& app, TextWriter& out) {
 }
 
 void put_log(App& app, const std::string& records_path) {
-  RecordReader<series_fields> records{records_path};
+  ScratchRecords<series_fields> records{records_path};
   TextWriter out{app.outputs.create(app.state.log.input.qlg_name)};
   put_titles(app, out);
   std::string line;

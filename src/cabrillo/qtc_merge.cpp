@@ -174,8 +174,8 @@ std::optional<std::string_view> band_frequency(std::string_view band, bool as_18
 /// Phase 2: what a QTC line takes from the QSO it reports. Both files are in the order of the log, so that
 /// one walk through the QSOs serves all memos.
 void complete_memos(const Scratch& scratch, bool as_1800) {
-  RecordReader<memo_fields> memos{scratch.memos};
-  RecordReader<qso_fields> qsos{scratch.qsos};
+  ScratchRecords<memo_fields> memos{scratch.memos};
+  ScratchRecords<qso_fields> qsos{scratch.qsos};
   TextWriter out = TextWriter::scratch(scratch.qtcs);
   std::string record;
   while (memos.next()) {
@@ -195,7 +195,7 @@ void complete_memos(const Scratch& scratch, bool as_1800) {
   out.close();
 }
 
-void put_qso_line(const RecordReader<qso_fields>& qso, std::string& out) {
+void put_qso_line(const ScratchRecords<qso_fields>& qso, std::string& out) {
   set_joined(out, qso[qso_tag], right_aligned(qso[qso_freq], 5), " ", qso[qso_mode], " ", qso[qso_date], " ",
              qso[qso_time], " ", left_aligned(qso[qso_own_call], 14), left_aligned(qso[qso_sent_rst], 4),
              right_aligned(qso[qso_sent_exch], 6), " ", left_aligned(qso[qso_call], 14),
@@ -209,7 +209,7 @@ void put_pair(std::string_view key, std::string_view line, std::string& record, 
 
 /// Phase 3: the QSO lines, each with its key.
 void put_qso_pairs(const Scratch& scratch, TextWriter& out) {
-  RecordReader<qso_fields> qsos{scratch.qsos};
+  ScratchRecords<qso_fields> qsos{scratch.qsos};
   std::string line;
   std::string record;
   while (qsos.next()) {
@@ -220,7 +220,7 @@ void put_qso_pairs(const Scratch& scratch, TextWriter& out) {
 
 /// Phase 4: the QTC lines behind them.
 void put_qtc_pairs(const Scratch& scratch, TextWriter& out) {
-  RecordReader<qtc_fields> qtcs{scratch.qtcs};
+  ScratchRecords<qtc_fields> qtcs{scratch.qtcs};
   std::string line;
   std::string record;
   while (qtcs.next()) {
@@ -234,7 +234,7 @@ void put_qtc_pairs(const Scratch& scratch, TextWriter& out) {
 
 /// Phase 6: the lines alone, in their new order.
 void put_body(const Scratch& scratch) {
-  RecordReader<pair_fields> pairs{scratch.sorted};
+  ScratchRecords<pair_fields> pairs{scratch.sorted};
   TextWriter out = TextWriter::scratch(scratch.body);
   while (pairs.next()) out.put(pairs[pair_line]);
   out.put("END-OF-LOG:");

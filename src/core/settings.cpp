@@ -247,14 +247,6 @@ void read_Varnisto_cfg(App& app, Settings& settings) {
   } while (reader.next(line));
 }
 
-void get_call_from_cfg(App& app) {
-  app.trace.line("Public Sub get_call_from_cfg()");
-  constexpr std::string_view label = "CALLSIGN:";
-  TextReader reader{ini_path(app)};
-  for (std::string_view line; reader.next(line);)
-    if (contains(line, label)) app.state.settings.mycall_base = trim(remove_all(line, label));
-}
-
 std::vector<std::string> missing_settings(const Settings& settings, bool editor_ticked) {
   constexpr std::string_view required[] = {"NAME",    "CALLSIGN", "ADDRESS1",   "OPERATORS",
                                            "JIDX_No", "e_mail",   "Set_in_dir", "dir_pad"};

@@ -59,9 +59,6 @@ void read_settings(App& app);
 /// Takes the settings of the legacy file: one "LABEL:value" a line; a line may match several labels. Throws
 /// RunTimeError 53, 62.
 void read_Varnisto_cfg(App& app, Settings& settings);
-/// Takes `mycall_base` from the lines of the settings file that hold "CALLSIGN:".
-void get_call_from_cfg(App& app);
-
 /// The settings that must be filled before a log can be converted, by key; those that are blank.
 /// With `editor_ticked` the editor's path is one of them.
 std::vector<std::string> missing_settings(const Settings& settings, bool editor_ticked);

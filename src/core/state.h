@@ -44,7 +44,6 @@ struct Settings {
   std::string ini_version;  ///< version of the program that wrote the file
   std::string mycall;       ///< own call sign
   std::string mycall14;     ///< the same, left-aligned in 14
-  std::string mycall_base;  ///< own call sign as a log or the legacy file names it
   std::string club, operators, my_name;
   std::string address1, address2, address3;
   std::string comments_1, comments_2, comments_3, comments_4, comments_5, comments_6;  ///< SOAPBOX lines
@@ -195,7 +194,6 @@ struct TallyState {
 struct ContestName {
   std::string title;  ///< a piece of the contest's title
   std::string code;   ///< the contest code for such titles
-  std::string note;   ///< kept with the record, used nowhere
 };
 struct MailAddress {
   std::string key, address;

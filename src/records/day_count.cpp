@@ -15,7 +15,7 @@ constexpr double seconds_a_day = 86400;
 
 }  // namespace
 
-std::optional<LogMinute> minute_of(double day_count) {
+std::optional<RecordMinute> minute_of(double day_count) {
   if (!(day_count > -1e7 && day_count < 1e7)) return std::nullopt;  // so that the seconds can be counted
   const local_seconds time{day_zero + std::chrono::seconds{round_half_even(day_count * seconds_a_day)}};
   if (time < first_second || time >= end_of_time) return std::nullopt;

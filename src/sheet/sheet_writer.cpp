@@ -87,10 +87,6 @@ void put_head(const App& app, const SheetVariant& variant, LineSink& sheet) {
   put_table(app.state.log.tally, variant, sheet);
 }
 
-void refresh_call(App& app) {
-  if (file_exists(ini_path(app))) get_call_from_cfg(app);
-}
-
 bool holds_comment(std::string_view line) {
   return contains(line, "SOAPBOX=") || contains(line, "SOAPBOX:");
 }
@@ -162,7 +158,6 @@ std::vector<std::string> sheet_lines_of_setting(std::string_view line) {
 
 void make_za2c_zsm(App& app) {
   app.trace.line("Public Sub make_za2c_zsm()");
-  refresh_call(app);
   write_variant(app, general_variant);
 }
 
@@ -187,7 +182,6 @@ void Make_zlo2_za2c_zsm2(App& app) {
   std::string& name = app.state.log.contest.contest_name;
   if (is_blank(name)) name = "contest";
   if (!app.outputs.exists(cont_name_path(app))) write_cont_name(app, name);
-  refresh_call(app);
   write_variant(app, general_variant);
 }
 

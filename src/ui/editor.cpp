@@ -2,6 +2,7 @@
 
 #include "app/start_up.h"
 #include "base/files.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "core/paths.h"
 #include "core/settings.h"
@@ -21,6 +22,17 @@ void unblock_opening(App& app) {
   if (app.main.mnuOpen_file.enabled || app.state.program.ini_missing_flag) return;
   app.main.mnuOpen_file.enabled = true;
   clear_text(app);
+}
+
+/// What another program has changed in the settings file meanwhile is taken over.
+void refresh_settings(App& app) {
+  if (!settings_current(app)) return;
+  try {
+    write_settings(app);
+    read_settings(app);
+  } catch (const RunTimeError& error) {
+    add_notice(app, describe(error));
+  }
 }
 
 /// Without an editor no log is opened until the settings name one.
@@ -55,7 +67,7 @@ void edit_file(App& app, const std::string& file) {
   const std::string editor = app.state.settings.dir_pad;
   if (!is_plain_file(editor))
     return message_box(app, {"[ c作成 ] にてエディターの設定をして下さい", "", Icon::none});
-  write_current_settings(app);
+  refresh_settings(app);
   const std::string program = find_file(editor).value_or(editor);
   start_outside(app, [&] { app.platform.launcher.editor(program, file); });
   app.state.display.progress = Progress::edited;

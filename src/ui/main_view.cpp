@@ -76,7 +76,8 @@ void show_files(App& app) {
   main.mnuZsm.enabled = is_there(app, input.zsm_use_name) || is_there(app, input.zsm_name);
   main.cmdMail_Send.enabled = main.cmdMail_Send_test.enabled =
       is_there(app, input.cbr_name) || is_there(app, input.log_name);
-  main.cmdRe_write_zlog_zsm.enabled = input.opened && is_there(app, input.zsm_use_name);
+  main.cmdRe_write_zlog_zsm.enabled =
+      input.opened && !app.state.program.ini_missing_flag && is_there(app, input.zsm_use_name);
   main.mnu_mc.caption = input.out_name.empty() ? "＊．ｃｂｒ ， ＊．log" : file_part(input.out_name);
 }
 

@@ -282,7 +282,7 @@ void Make_cfg::e_add2_Chk() {
 }
 
 void Make_cfg::Pad_Chk() {
-  const bool needed = draft_.pad_use_flag;
+  const bool needed = app.state.settings.pad_use_flag;
   const std::string editor{trim(txtPad.text)};
   pad_ng = needed && !is_plain_file(editor) ? 1 : 0;
   const Color color = pad_ng == 1 ? Color::red : Color::black;

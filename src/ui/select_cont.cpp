@@ -244,7 +244,7 @@ void select_cont::preset_precedence() {
     cmdDisp_in.tip = input.in_name + " の表示";
   Check1.enabled = file_exists(input.zsm_name);
   Check1.checked = Check1.enabled && app.state.settings.select_cont_yusen != Precedence::summary;
-  Check1_Click();
+  draft_.precedence = Check1.checked ? Precedence::dialog : Precedence::summary;
 }
 
 // ---- choices ----------------------------------------------------------------------------------------------
@@ -384,6 +384,7 @@ void select_cont::cmdOK_Click() {
   if (!ask_for_overlay()) return;
   before.keep();
   write_current_settings(app);
+  app.main.kaishi.enabled = !app.state.program.ini_missing_flag;
   app.state.display.dialog_confirmed = true;
   closed = true;
 }

@@ -109,7 +109,7 @@ void SmallDecimal::set(std::uint16_t value) {
   size_ = static_cast<std::size_t>(end.ptr - digits_.data());
 }
 
-void DateTimeText::set(LogMinute time) {
+void DateTimeText::set(RecordMinute time) {
   const auto day = std::chrono::floor<std::chrono::days>(time);
   if (day != day_) set_day(day);
   const auto minutes = static_cast<unsigned>((time - day).count());

@@ -33,7 +33,7 @@ class SmallDecimal {
 /// Date and time, "yyyy-mm-dd hh:mm".
 class DateTimeText {
  public:
-  void set(LogMinute time);
+  void set(RecordMinute time);
   std::string_view text() const { return {text_.data(), text_.size()}; }
 
  private:

@@ -77,15 +77,6 @@ TEST_F(SettingsFile, ANoticeFlagThatIsNoNumberIsZero) {
   EXPECT_EQ(error_of([&] { read_settings(app); }), 6);
 }
 
-TEST_F(SettingsFile, HoldsNoLegacyCallLabel) {
-  settings.mycall_base = "QX9";
-  get_call_from_cfg(app);
-  EXPECT_EQ(settings.mycall_base, "QX9");
-  write_ini("[Varnisto.ini]\nNAME=CALLSIGN: QX7\n");
-  get_call_from_cfg(app);
-  EXPECT_EQ(settings.mycall_base, "NAME= QX7");
-}
-
 TEST_F(SettingsFile, OnlyACurrentOneIsWrittenAlong) {
   read_settings(app);
   settings.ini_version = "3.08";

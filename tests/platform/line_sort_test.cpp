@@ -49,7 +49,7 @@ void expect_sorted(const Strings& lines, const SortLimits& limits) {
 }
 
 TEST(LineSort, IsStableWhateverFitsInMemory) {
-  for (const std::size_t count : {0, 1, 300})
+  for (const std::size_t count : {0U, 1U, 300U})
     for (const SortLimits& limits :
          {SortLimits{}, SortLimits{1000, 16}, SortLimits{400, 3}, SortLimits{1, 2}})
       for (const std::size_t in_order : {std::size_t{0}, count / 10 * 9, count})

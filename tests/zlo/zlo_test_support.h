@@ -20,14 +20,13 @@ struct Written {
 };
 
 struct Choices {
-  bool transmitter = false, rtty = false, memo_frequency = false;
+  bool transmitter = false;
 };
 
 inline Written written(const std::string& bytes, const Choices& choices = {}) {
   LineList all, jarl;
   ZloReader log = reader_of(bytes);
-  ZloWritten found =
-      write_zlo_files(log, {all, &jarl, choices.transmitter, choices.rtty, choices.memo_frequency});
+  ZloWritten found = write_zlo_files(log, {all, &jarl, choices.transmitter});
   return {std::move(all.lines), std::move(jarl.lines), std::move(found)};
 }
 
