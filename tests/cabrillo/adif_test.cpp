@@ -15,7 +15,7 @@ TEST(AdifCalls, AreTranscribedWithTheWholeInTheComment) {
            "QX4JKL|QX4JKL|TNX", "QX4JKL/1|QX4JKL|UR QX4JKL/1 TNX", "9Q/QX4JKL|QX4JKL|UR 9Q/QX4JKL TNX",
            "QX1/QX5MNO|QX5MNO|UR QX1/QX5MNO TNX", "QX4A/QX5B|QX5B|UR QX4A/QX5B TNX",
            "QX4A/qrpp5|QX4A|UR QX4A/qrpp5 TNX", "QX1ABC/1/P|1|UR QX1ABC/1/P TNX",
-           "9Q/QX1/AB/P|QX1/AB|UR 9Q/QX1/AB/P TNX", "QX1ABC//P|QX1ABC//P|TNX", "/|/|UR / TNX")) {
+           "9Q/QX1/AB/P|QX1/AB|UR 9Q/QX1/AB/P TNX", "QX1ABC//P|QX1ABC//P|UR QX1ABC//P TNX", "/|/|UR / TNX")) {
     SCOPED_TRACE(worked);
     const AdifCall got = adif_call(worked, {common_adif_layout, "TNX", true});
     EXPECT_EQ(got.call, call);

@@ -12,10 +12,12 @@ namespace varnisto::test {
 namespace {
 
 TEST(Title, BecomesACode) {
-  for (const auto& [title, code] : texts_of<2>(
-           "CQWW DX Contest 2002|CQ-WW", "CQ WPX Contest|CQ-WPX", "ARRL International DX|ARRL-DX",
-           "IARU HF World|IARU-HF", "CQWW160     x|CQ-160", "CQWW160 Contest|CQ-LIST", "JIDX|JIDX",
-           "JIDX Contest (JA)|JIDX", "cqww dx contest|cqww dx contest", "Stew Perry Topband|FIRST", "|")) {
+  for (const auto& [title, code] :
+       texts_of<2>("CQWW DX Contest 2002|CQ-WW", "CQ WPX Contest|CQ-WPX", "ARRL International DX|ARRL-DX",
+                   "IARU HF World|IARU-HF", "ARRL 160m Contest|ARRL-160", "Asia Pacific Sprint|AA-SP",
+                   "All Asian DX|AA-DX", "WAEDC Contest|WAEDC", "ARRL 10m Contest|ARRL-10",
+                   "CQWW160     x|CQ-160", "CQWW160 Contest|CQ-LIST", "JIDX|JIDX", "JIDX Contest (JA)|JIDX",
+                   "cqww dx contest|cqww dx contest", "Stew Perry Topband|FIRST", "|")) {
     SCOPED_TRACE(title);
     TestApp test;
     test.folder.write_text("contest_name.cfg", "Perry,FIRST,x\nStew Perry,STEW-PERRY,x\nCQ,CQ-LIST,x\n");
@@ -26,13 +28,19 @@ TEST(Title, BecomesACode) {
   }
 }
 
-TEST(CategoryCode, TakesTheModeInTwoContests) {
-  for (const auto& [code, taken] :
-       texts_of<2>("WAEDC-|WAEDC-CW", "CQ-160|CQ-160-CW", "ARRL-DX|ARRL-DX", "CQ-WW|CQ-WW")) {
+TEST(CategoryCode, DecidesCodeContestAndSummary) {
+  for (const auto& [code, taken, contest, summary] : texts_of<4>(
+           "WAEDC-|WAEDC-CW|WAEDC-CW |SINGLE-OP 7 LOW", "CQ-160|CQ-160-CW|CQ-160-CW |SINGLE-OP 7 LOW",
+           "ARRL-160|ARRL-160|ARRL-160|SINGLE-OP 7 LOW CW ", "ARRL-10|ARRL-10|ARRL-10|SINGLE-OP 10M LOW CW ",
+           "ARRL-DX|ARRL-DX|ARRL-DX-CW |SINGLE-OP 7 LOW", "IARU-HF|IARU-HF|IARU-HF|SINGLE-OP 7 LOW CW ",
+           "CQ-WW|CQ-WW|CQ-WW-CW |SINGLE-OP 40M LOW", "|||SINGLE-OP 7 LOW CW ")) {
+    SCOPED_TRACE(code);
     TestApp test;
     test.app.state.log.contest.cont_id = code;
-    apply_texts(test.app, {"SINGLE-OP ", "7", "40M ", "LOW", "CW "});
+    apply_texts(test.app, {"SINGLE-OP ", "7", "40M", "LOW", "CW "});
     EXPECT_EQ(test.app.state.log.contest.cont_id, taken);
+    EXPECT_EQ(test.app.state.log.contest.contest, contest);
+    EXPECT_EQ(test.app.state.log.category.cat_summary, summary);
   }
 }
 

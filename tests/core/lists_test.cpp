@@ -4,6 +4,7 @@
 
 #include "cabrillo/contest.h"
 #include "support/errors.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -23,53 +24,43 @@ class Lists : public testing::Test {
   App& app = test.app;
 };
 
-struct MailCase {
-  std::string text;
-  int error;
-  std::size_t records;
-  std::string address;  ///< for "CQ-WW-CW"
-};
-
-class MailList : public Lists, public testing::WithParamInterface<MailCase> {};
-
-TEST_P(MailList, HoldsOneRecordALineBreak) {
-  EXPECT_EQ(read("e_mail_add.cfg", GetParam().text, read_email_add), GetParam().error);
-  EXPECT_EQ(app.state.lists.mail_adds.size(), GetParam().records);
-  const MailAddress* hit = find_mail_address(app, "CQ-WW-CW");
-  EXPECT_EQ(hit ? hit->address : "(none)", GetParam().address);
+TEST_F(Lists, MailAddressesAreOneRecordALineBreak) {
+  struct Row {
+    std::string text;
+    int error;
+    std::size_t records;
+    std::string address;  ///< for "CQ-WW-CW"
+  };
+  for (const Row& row :
+       rows_of(Row{"JIDX,a@x\nCQ-WW,b@x\nCQ,c@x\n", 0, 3, "b@x"},
+               Row{"JIDX,a@x\nCQ,c@x\nCQ-WW,b@x", 0, 2, "c@x"}, Row{",all@x\nCQ-WW,b@x\n", 0, 2, "all@x"},
+               Row{"CQ-WW,b@x", 0, 0, "(none)"}, Row{"\"CQ-WW\" , b@x \n", 0, 1, "b@x"},
+               Row{"x\nCQ-WW,b@x\n", 62, 1, "(none)"}, Row{"", 0, 0, "(none)"})) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(read("e_mail_add.cfg", row.text, read_email_add), row.error);
+    EXPECT_EQ(app.state.lists.mail_adds.size(), row.records);
+    const MailAddress* hit = find_mail_address(app, "CQ-WW-CW");
+    EXPECT_EQ(hit ? hit->address : "(none)", row.address);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, MailList,
-                         testing::Values(MailCase{"JIDX,a@x\nCQ-WW,b@x\nCQ,c@x\n", 0, 3, "b@x"},
-                                         MailCase{"JIDX,a@x\nCQ,c@x\nCQ-WW,b@x", 0, 2, "c@x"},
-                                         MailCase{",all@x\nCQ-WW,b@x\n", 0, 2, "all@x"},
-                                         MailCase{"CQ-WW,b@x", 0, 0, "(none)"},
-                                         MailCase{"\"CQ-WW\" , b@x \n", 0, 1, "b@x"},
-                                         MailCase{"x\nCQ-WW,b@x\n", 62, 1, "(none)"},
-                                         MailCase{"", 0, 0, "(none)"}));
-
-struct AssistedCase {
-  std::string text;
-  int error;
-  int flag;  ///< for " CQ-WW-SSB "
-};
-
-class AssistedList : public Lists, public testing::WithParamInterface<AssistedCase> {};
-
-TEST_P(AssistedList, FirstEntryOfAContestDecides) {
-  EXPECT_EQ(read("category-assisted.txt", GetParam().text, read_category_assisted), GetParam().error);
+TEST_F(Lists, TheFirstAssistedEntryOfAContestDecides) {
+  struct Row {
+    std::string text;
+    int error;
+    int flag;  ///< for " CQ-WW-SSB "
+  };
   app.state.log.contest.contest = "CQ-WW-SSB ";
-  EXPECT_EQ(assisted_flag(app), GetParam().flag);
+  for (const Row& row :
+       rows_of(Row{"; only\n;comments\n", 0, 1}, Row{" CQ-WW-SSB ,0\nCQ-WW-SSB,1\n", 0, 0},
+               Row{"CQ-WW,0\n", 0, 1}, Row{"\"CQ-WW-SSB\",0\n", 0, 1}, Row{"CQ-WW-SSB, 0 ", 0, 0},
+               Row{"CQ-WW-SSB\n", 62, 1}, Row{"A,1\n\n", 62, 1}, Row{"A,yes\n", 13, 1}, Row{"A,\n", 13, 1},
+               Row{"CQ-WW-SSB,0,a, note\n", 0, 0}, Row{"A,32768\n", 6, 1})) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(read("category-assisted.txt", row.text, read_category_assisted), row.error);
+    EXPECT_EQ(assisted_flag(app), row.flag);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, AssistedList,
-    testing::Values(AssistedCase{"; only\n;comments\n", 0, 1},
-                    AssistedCase{" CQ-WW-SSB ,0\nCQ-WW-SSB,1\n", 0, 0}, AssistedCase{"CQ-WW,0\n", 0, 1},
-                    AssistedCase{"\"CQ-WW-SSB\",0\n", 0, 1}, AssistedCase{"CQ-WW-SSB, 0 ", 0, 0},
-                    AssistedCase{"CQ-WW-SSB\n", 62, 1}, AssistedCase{"A,1\n\n", 62, 1},
-                    AssistedCase{"A,yes\n", 13, 1}, AssistedCase{"A,\n", 13, 1},
-                    AssistedCase{"CQ-WW-SSB,0,a, note\n", 0, 0}, AssistedCase{"A,32768\n", 6, 1}));
 
 TEST_F(Lists, ContestNamesAreReadInFileOrderUpToFifty) {
   std::string text;
@@ -79,12 +70,6 @@ TEST_F(Lists, ContestNamesAreReadInFileOrderUpToFifty) {
   EXPECT_EQ(read("contest_name.cfg", text + "T50,C,N\n", read_contest_name), 9);
   EXPECT_EQ(read("contest_name.cfg", "A,B,C\nD,E", read_contest_name), 62);
   EXPECT_EQ(app.state.lists.contest_names.size(), 1U);
-}
-
-TEST_F(Lists, AMissingListNamesItsFile) {
-  app.state.program.app_dir += "none/";
-  for (auto* reader : {read_email_add, read_category_assisted, read_contest_name})
-    EXPECT_EQ(error_of([&] { reader(app); }), 53);
 }
 
 }  // namespace

@@ -25,22 +25,17 @@ TEST(Pieces, FollowTheNamingRules) {
 }
 
 TEST(Shorten, FitsTheLimitInBytesOfTheCodePage) {
-  struct Row {
-    std::string path, expected;
-  };
-  for (const Row& row : rows_of(
-           Row{"/home/a b/2345678901234567890123456/x y.all", "/home/a b/2345678901234567890123456/x y.all"},
-           Row{"/home/a b/" + std::string(28, 'd') + "/x.all",
-               "/home/a b/" + std::string(28, 'd') + "/x.all"},
-           Row{"/home/a　b/" + std::string(30, 'd') + "/x y.all",
-               "/home/a_b/" + std::string(22, 'd') + ".../x_y.all"},
+  const std::string d22(22, 'd'), d28(28, 'd'), d33(33, 'd');
+  for (const auto& [path, expected] : std::vector<std::pair<std::string, std::string>>{
+           {"/home/a b/" + d28 + "/x.all", "/home/a b/" + d28 + "/x.all"},
+           {"/home/a　b/" + d22 + "dddddddd/x y.all", "/home/a_b/" + d22 + ".../x_y.all"},
            // The limit falls into the middle of a character: that character is left out.
-           Row{"/" + std::string(34, 'd') + "漢字/xx.all", "/" + std::string(33, 'd') + ".../xx.all"},
-           Row{"/漢字漢字漢字漢字漢字漢字漢字漢字漢字漢字/xx.all",
-               "/漢字漢字漢字漢字漢字漢字漢字漢字.../xx.all"})) {
-    SCOPED_TRACE(row.path);
-    EXPECT_EQ(shorten_path(row.path, 44), row.expected);
-    EXPECT_LE(to_cp932(shorten_path(row.path, 44)).size(), 44U);
+           {"/" + d33 + "d漢字/xx.all", "/" + d33 + ".../xx.all"},
+           {"/漢字漢字漢字漢字漢字漢字漢字漢字漢字漢字/xx.all",
+            "/漢字漢字漢字漢字漢字漢字漢字漢字.../xx.all"}}) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(shorten_path(path, 44), expected);
+    EXPECT_LE(to_cp932(shorten_path(path, 44)).size(), 44U);
   }
 }
 
@@ -51,33 +46,23 @@ TEST(Names, CallSignWithStrokeMakesNoFolder) {
 }
 
 TEST(Options, AreRestoredWithTheEffectsOfAClick) {
-  struct Row {
-    std::string power_sel, operator_sel;
-    std::string power, cat_operator, station, transmitter;
-    bool multi_tx;
-  };
-  for (const Row& row : rows_of(Row{"0", "0", "HIGH", "SINGLE-OP", "FIXED", "ONE", false},
-                                Row{" 2", "1", "QRP", "SINGLE-OP", "FIXED", "ONE", false},
-                                Row{"", "", "LOW", "SINGLE-OP", "FIXED", "ONE", false},
-                                Row{"3", "7", "LOW", "SINGLE-OP", "FIXED", "ONE", false},
-                                Row{"x", "2", "LOW", "MULTI-OP", "SCHOOL", "UNLIMITED", false},
-                                Row{"1", "3", "LOW", "MULTI-OP", "FIXED", "ONE", false},
-                                Row{"1", "4", "LOW", "MULTI-OP", "FIXED", "TWO", true},
-                                Row{"1", "5", "LOW", "MULTI-OP", "FIXED", "UNLIMITED", true},
-                                Row{"1", "6", "LOW", "CHECKLOG", "FIXED", "UNLIMITED", false})) {
-    SCOPED_TRACE(row.power_sel);
+  for (const auto& [power_sel, operator_sel, power, cat_operator, station, transmitter, multi_tx] :
+       texts_of<7>("0|0|HIGH|SINGLE-OP|FIXED|ONE|0", " 2|1|QRP|SINGLE-OP|FIXED|ONE|0",
+                   "||LOW|SINGLE-OP|FIXED|ONE|0", "3|7|LOW|SINGLE-OP|FIXED|ONE|0",
+                   "x|2|LOW|MULTI-OP|SCHOOL|UNLIMITED|0", "1|3|LOW|MULTI-OP|FIXED|ONE|0",
+                   "1|4|LOW|MULTI-OP|FIXED|TWO|1", "1|5|LOW|MULTI-OP|FIXED|UNLIMITED|1",
+                   "1|6|LOW|CHECKLOG|FIXED|UNLIMITED|0")) {
+    SCOPED_TRACE(operator_sel);
     TestApp test;
-    Settings& settings = test.app.state.settings;
-    settings.power_sel = row.power_sel;
-    settings.operator_sel = row.operator_sel;
+    test.app.state.settings.power_sel = power_sel;
+    test.app.state.settings.operator_sel = operator_sel;
     restore_options(test.app);
     const EntryChoice& entry = test.app.state.entry;
-    EXPECT_EQ(name_of(entry.power), row.power);
-    EXPECT_EQ(cat_operator_of(entry), row.cat_operator);
-    EXPECT_EQ(name_of(entry.station), row.station);
-    EXPECT_EQ(name_of(entry.transmitter), row.transmitter);
-    EXPECT_EQ(names_of(entry.op).multi_tx, row.multi_tx);
-    EXPECT_EQ(settings.power_sel + settings.operator_sel, row.power_sel + row.operator_sel);
+    EXPECT_EQ(name_of(entry.power), power);
+    EXPECT_EQ(cat_operator_of(entry), cat_operator);
+    EXPECT_EQ(name_of(entry.station), station);
+    EXPECT_EQ(name_of(entry.transmitter), transmitter);
+    EXPECT_EQ(names_of(entry.op).multi_tx, multi_tx == "1");
   }
 }
 

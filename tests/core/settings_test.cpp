@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "support/errors.h"
+#include "support/rows.h"
 #include "support/test_app.h"
 
 namespace varnisto::test {
@@ -97,32 +98,20 @@ TEST_F(SettingsFile, NamesTheRequiredKeysThatAreBlank) {
   EXPECT_TRUE(missing_settings(settings, false).empty());
 }
 
-struct LegacyCase {
-  std::string line;
-  std::string key;
-  std::string expected;
-};
-
-class LegacyFile : public SettingsFile, public testing::WithParamInterface<LegacyCase> {};
-
-TEST_P(LegacyFile, TakesWhatALineSays) {
-  write_legacy(GetParam().line);
-  read_Varnisto_cfg(app, app.state.settings);
-  const auto* const key = std::ranges::find(setting_keys(), GetParam().key, &SettingKey::key).base();
-  EXPECT_EQ(key->key == "version" ? settings.ini_version : setting_value(settings, *key),
-            GetParam().expected);
+TEST_F(SettingsFile, TakesWhatALineOfALegacyFileSays) {
+  for (const auto& [line, key, expected] : texts_of<3>(
+           "ver 0.92 of the program|version|0.92 of t", "CALLSIGN: QX1ABC |CALLSIGN|QX1ABC",
+           "freq19_to_18flag: 1|freq19_to_18_flag|1", "freq19_to_18_flag:1|freq19_to_18_flag|0",
+           "ADDRESS1:5 Rivertown|ADDRESS1|5 Rivertown", "ADDRESS1:5 Rivertown|version|town",
+           "NAME:A NAME: B|NAME|A  B", "NAME:CLUB: x|CLUB|NAME: x", "eQSLcom:TNX 表|eQSLcom|TNX 表")) {
+    SCOPED_TRACE(line);
+    settings = {};
+    write_legacy(line);
+    read_Varnisto_cfg(app, settings);
+    const auto* const row = std::ranges::find(setting_keys(), key, &SettingKey::key).base();
+    EXPECT_EQ(key == "version" ? settings.ini_version : setting_value(settings, *row), expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Lines, LegacyFile,
-                         testing::Values(LegacyCase{"ver 0.92 of the program", "version", "0.92 of t"},
-                                         LegacyCase{"CALLSIGN: QX1ABC ", "CALLSIGN", "QX1ABC"},
-                                         LegacyCase{"freq19_to_18flag: 1", "freq19_to_18_flag", "1"},
-                                         LegacyCase{"freq19_to_18_flag:1", "freq19_to_18_flag", "0"},
-                                         LegacyCase{"ADDRESS1:5 Rivertown", "ADDRESS1", "5 Rivertown"},
-                                         LegacyCase{"ADDRESS1:5 Rivertown", "version", "town"},
-                                         LegacyCase{"NAME:A NAME: B", "NAME", "A  B"},
-                                         LegacyCase{"NAME:CLUB: x", "CLUB", "NAME: x"},
-                                         LegacyCase{"eQSLcom:TNX 表", "eQSLcom", "TNX 表"}));
 
 TEST_F(SettingsFile, AnEmptyLegacyFileIsAnError) {
   write_legacy("");

@@ -9,6 +9,7 @@
 #include "support/events.h"
 #include "support/rows.h"
 #include "support/test_app.h"
+#include "ui/main_view.h"
 #include "ui/recent_files.h"
 #include "ui/select_cont.h"
 
@@ -53,27 +54,86 @@ TEST_F(MainWindowTest, WindowOperatorAndPowerClicksReachTheCategoryAndTheSetting
   EXPECT_NE(ini.find("operator_sel=0\n"), std::string::npos);
 }
 
-TEST(CheckBoxFlag, FollowsTheBox) {
-  struct Row {
-    std::string box;
-    bool Settings::*flag;
+TEST_F(MainWindowTest, EachBoxSetsItsOwnFlagAndIsShownFromIt) {
+  std::vector<bool Settings::*> flags = {
+      &Settings::pad_use_flag,  &Settings::mode_2_rtty_flag,  &Settings::for_eqsl_flag,
+      &Settings::get_freq_flag, &Settings::freq19_to_18_flag, &Settings::jst_to_utc_flag,
+      &Settings::tenki_flag,    &Settings::add_qtc_flag,      &Settings::e_mail_subject_flag};
+  for (std::size_t box = 0; box < flags.size(); ++box) {
+    const std::string name = "Check" + std::to_string(box + 1);
+    SCOPED_TRACE(name);
+    for (const bool on : {true, false}) {
+      for (auto flag : flags) state.settings.*flag = !on;
+      show_state(test.app);
+      EXPECT_EQ(window.find<CheckBox>(name)->checked, !on);
+      window.find<CheckBox>(name)->checked = on;
+      click(name);
+      for (std::size_t other = 0; other < flags.size(); ++other)
+        EXPECT_EQ(state.settings.*flags[other], (other == box) == on) << other;
+      EXPECT_EQ(window.find<CheckBox>(name)->checked, on);
+    }
+  }
+}
+
+TEST_F(MainWindowTest, ShowsLabelsAndStates) {
+  state.log.labels = {"1", "2", "3", "4", "5", "6", true};
+  state.entry.overlay_cat = "YOUTH";
+  state.entry.power = Power::qrp;
+  state.entry.op = Operator::checklog;
+  show_state(test.app);
+  EXPECT_EQ(main.lblGet_zsm1.text + main.lblGet_zsm2.text + main.lblGet_zsm3.text + main.lblGet_zsm4.text +
+                main.lblPower.text + main.lblCategory.text + main.lblYusen.text + main.Label2.text,
+            "123456設定優先CATEGORY-OVERLAY : YOUTH");
+  EXPECT_EQ(main.lblGet_zsm1.color, Color::blue);
+  EXPECT_EQ(main.Option1.selected, 2);
+  EXPECT_EQ(main.Option3.selected, 6);
+  struct EditorRow {
+    bool ticked;
+    std::string editor, text;
+    Color color;
   };
-  for (const Row& row :
-       rows_of(Row{"Check2", &Settings::mode_2_rtty_flag}, Row{"Check3", &Settings::for_eqsl_flag},
-               Row{"Check4", &Settings::get_freq_flag}, Row{"Check5", &Settings::freq19_to_18_flag},
-               Row{"Check6", &Settings::jst_to_utc_flag}, Row{"Check7", &Settings::tenki_flag},
-               Row{"Check8", &Settings::add_qtc_flag}, Row{"Check9", &Settings::e_mail_subject_flag})) {
-    SCOPED_TRACE(row.box);
-    OpenWindow open;
-    open.state.display.progress = Progress::done;
-    CheckBox& box = *open.window.find<CheckBox>(row.box);
-    box.checked = true;
-    open.click(row.box);
-    EXPECT_TRUE(open.state.settings.*row.flag);
-    EXPECT_EQ(open.main.lblShori.text, "");
-    box.checked = false;
-    open.click(row.box);
-    EXPECT_FALSE(open.state.settings.*row.flag);
+  for (const EditorRow& row :
+       rows_of(EditorRow{false, "vi", "しない", Color::green}, EditorRow{true, " ", "要設定", Color::red},
+               EditorRow{true, "vi", "可能", Color::blue})) {
+    state.settings.pad_use_flag = row.ticked;
+    state.settings.dir_pad = row.editor;
+    show_state(test.app);
+    EXPECT_EQ(main.lblPad_use.text, row.text);
+    EXPECT_EQ(main.lblPad_use.color, row.color);
+  }
+  struct ProgressRow {
+    Progress progress;
+    std::string text;
+    Color color;
+  };
+  for (const ProgressRow& row : rows_of(ProgressRow{Progress::none, "", Color::black},
+                                        ProgressRow{Progress::done, "処理終了", Color::blue},
+                                        ProgressRow{Progress::given_up, "処理中止", Color::red},
+                                        ProgressRow{Progress::edited, "編集終了", Color::blue})) {
+    state.display.progress = row.progress;
+    show_state(test.app);
+    EXPECT_EQ(main.lblShori.text, row.text);
+    EXPECT_EQ(main.lblShori.color, row.color);
+  }
+}
+
+TEST_F(MainWindowTest, MenusGoByTheFilesThatAreThere) {
+  InputState& input = state.log.input;
+  input.in_kind = InputKind::zlog_all;
+  struct Row {
+    std::string InputState::*name;
+    std::vector<const MenuItem*> menus;
+  };
+  for (const Row& row : rows_of(
+           Row{&InputState::in_name, {&main.mnuDisp2_in}}, Row{&InputState::adi_name, {&main.mnuDisp2_out2}},
+           Row{&InputState::qlg_name, {&main.mnuDisp2_Qtc}}, Row{&InputState::z2a_name, {&main.all_Disp_z2a}},
+           Row{&InputState::cb2t_name, {&main.txt_Disp_c2t}}, Row{&InputState::zsm_use_name, {&main.mnuZsm}},
+           Row{&InputState::zsm_name, {&main.zsm_Disp_zsm, &main.mnuZsm}})) {
+    for (const bool there : {true, false}) {
+      input.*row.name = work.path() + (there ? "QX1ABC.ALL" : "none");
+      show_state(test.app);
+      for (const MenuItem* menu : row.menus) EXPECT_EQ(menu->enabled, there);
+    }
   }
 }
 
@@ -90,19 +150,6 @@ TEST_F(MainWindowTest, EditorOpensTheOutputAndKeepsWhatADialogChose) {
                                       "editor " + editor + " " + test.folder.path() + "e_mail_add.cfg"}));
   EXPECT_EQ(main.lblShori.text, "編集終了");
   EXPECT_EQ(state.entry.station, Station::portable);
-}
-
-TEST_F(MainWindowTest, ReSelectShowsTheDialogAndTakesTheContestNameForAnEmptyLine) {
-  open();
-  test.desk.forms.clear();
-  state.log.contest.contest_line.clear();
-  test.desk.on_show = [&](FormName) {
-    state.log.contest.contest_name = "IOTA Contest";
-    state.entry.dialog_shown = state.display.dialog_confirmed = true;
-  };
-  click("cmdReSelect");
-  EXPECT_EQ(test.desk.forms, std::vector{FormName::select_cont});
-  EXPECT_EQ(state.log.contest.contest_line, "IOTA Contest");
 }
 
 TEST_F(MainWindowTest, ErrorGivesUpTheActionAndNotTheProgram) {

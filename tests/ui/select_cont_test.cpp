@@ -12,22 +12,13 @@ namespace varnisto::test {
 namespace {
 
 TEST(ContestRow, IsGuessedFromThePath) {
-  struct Row {
-    std::string name, path;
-    std::optional<int> row;
-  };
-  for (const Row& row : rows_of(
-           Row{"ar_comes_before_ten_metres", "/LOGS/ARRL10_2002.ALL", 0},
-           Row{"the_name_comes_first", "/HARBOUR/CQWW.ALL", 3}, Row{"then_its_folder", "/a/iaru/log.all", 4},
-           Row{"no_further_up", "/WPX/x/LOG.ALL", std::nullopt}, Row{"ardx_whatever_else", "/IA/ARDX.ALL", 0},
-           Row{"iaru", "/LOGS/IARU.ALL", 4}, Row{"ia_and_ar", "/LOGS/ARIA.ALL", 4},
-           Row{"ia_and_arrl_is_arrl", "/IA/ARRL.ALL", 0}, Row{"ia_and_arrl10_is_iaru", "/l/IA_ARRL10.ALL", 4},
-           Row{"cq_ww", "/LOGS/CQWW.ALL", 3}, Row{"jidx", "/LOGS/JIDX_CW.ALL", 5},
-           Row{"wpx", "/LOGS/WPX.ALL", 2}, Row{"wae", "/LOGS/WAE.ALL", 6},
-           Row{"ten_metres", "/LOGS/10M.ALL", 1}, Row{"iota", "/LOGS/IOTA.ALL", 7},
-           Row{"nothing", "/LOGS/UBA.ALL", std::nullopt})) {
-    SCOPED_TRACE(row.name);
-    EXPECT_EQ(contest_row_of_path(row.path), row.row);
+  for (const auto& [path, row] : texts_of<2>(
+           "/LOGS/ARRL10_2002.ALL|0", "/HARBOUR/CQWW.ALL|3", "/a/iaru/log.all|4", "/WPX/x/LOG.ALL|none",
+           "/IA/ARDX.ALL|0", "/LOGS/IARU.ALL|4", "/LOGS/ARIA.ALL|4", "/IA/ARRL.ALL|0", "/l/IA_ARRL10.ALL|4",
+           "/LOGS/CQWW.ALL|3", "/LOGS/JIDX_CW.ALL|5", "/LOGS/WPX.ALL|2", "/LOGS/WAE.ALL|6", "/LOGS/10M.ALL|1",
+           "/LOGS/IOTA.ALL|7", "/LOGS/UBA.ALL|none")) {
+    const auto guess = contest_row_of_path(path);
+    EXPECT_EQ(guess ? std::to_string(*guess) : "none", row) << path;
   }
 }
 
@@ -95,31 +86,24 @@ TEST_F(SelectContTest, TheChoicesWinOverASummaryWhenAsked) {
   }
 }
 
-struct OperatorCase {
-  int option;
-  std::string cat_operator, transmitter, station;
-};
-class OperatorOption : public SelectContTest, public testing::WithParamInterface<OperatorCase> {};
-TEST_P(OperatorOption, SetsItsValuesAndMovesTheOtherGroups) {
-  select_cont form{test.app};
-  form.Form_Load();
-  choose(form, 3);
-  click_option(form, "Option7", 3);  // PORTABLE: stays where the operator names no station
-  click_option(form, "Option3", GetParam().option);
-  form.click("cmdOK");
-  EXPECT_EQ(option_of(entry().op), GetParam().option);
-  EXPECT_EQ(cat_operator_of(entry()), GetParam().cat_operator);
-  EXPECT_EQ(name_of(entry().transmitter), GetParam().transmitter);
-  EXPECT_EQ(name_of(entry().station), GetParam().station);
-  EXPECT_TRUE(entry().dialog_shown && entry().transmitter_chosen);
+TEST_F(SelectContTest, AnOperatorSetsItsValuesAndMovesTheOtherGroups) {
+  for (const auto& [option, cat_operator, transmitter, station] :
+       texts_of<4>("1|SINGLE-OP|ONE|FIXED", "2|SCHOOL-CLUB|UNLIMITED|SCHOOL", "3|MULTI-OP|ONE|PORTABLE",
+                   "5|MULTI-OP|UNLIMITED|PORTABLE", "6|CHECKLOG|UNLIMITED|PORTABLE")) {
+    SCOPED_TRACE(option);
+    select_cont form{test.app};
+    form.Form_Load();
+    choose(form, 3);
+    click_option(form, "Option7", 3);  // PORTABLE: stays where the operator names no station
+    click_option(form, "Option3", std::stoi(option));
+    form.click("cmdOK");
+    EXPECT_EQ(std::to_string(option_of(entry().op)), option);
+    EXPECT_EQ(cat_operator_of(entry()), cat_operator);
+    EXPECT_EQ(name_of(entry().transmitter), transmitter);
+    EXPECT_EQ(name_of(entry().station), station);
+    EXPECT_TRUE(entry().dialog_shown && entry().transmitter_chosen);
+  }
 }
-INSTANTIATE_TEST_SUITE_P(Rows, OperatorOption,
-                         testing::Values(OperatorCase{1, "SINGLE-OP", "ONE", "FIXED"},
-                                         OperatorCase{2, "SCHOOL-CLUB", "UNLIMITED", "SCHOOL"},
-                                         OperatorCase{3, "MULTI-OP", "ONE", "PORTABLE"},
-                                         OperatorCase{5, "MULTI-OP", "UNLIMITED", "PORTABLE"},
-                                         OperatorCase{6, "CHECKLOG", "UNLIMITED", "PORTABLE"}),
-                         [](const auto& c) { return "option" + std::to_string(c.param.option); });
 
 TEST_F(SelectContTest, OnlyArrlDxTakesThePowerFromTheLog) {
   entry().power = Power::high;
