@@ -18,18 +18,11 @@ TEST(AllLine, FillsEveryFieldFromItsColumns) {
       //        1         2         3         4         5         6         7         8
       // 2345678901234567890123456789012345678901234567890123456789012345678901234567890123456
       "2002/11/23 05:12 QX9DEF/QRPPPX599 1234567X579 8765432YM1    M2    21   SSB  12 NEWM1TX#2");
-  EXPECT_EQ(rec.qso_date, "2002-11-23");
-  EXPECT_EQ(rec.qso_hhmm, "0512");
-  EXPECT_EQ(rec.his_call14, "QX9DEF/QRPPPX ");
-  EXPECT_EQ(rec.sent_rst4, "599 ");
-  EXPECT_EQ(rec.sent_exch, "1234567");
-  EXPECT_EQ(rec.rcvd_rst4, "579 ");
-  EXPECT_EQ(rec.rcvd_exch, "8765432");
-  EXPECT_EQ(rec.mult1, "NEWM1");
-  EXPECT_EQ(rec.mult2, "M2");
-  EXPECT_EQ(rec.band_mhz + rec.freq5, "2121000");
-  EXPECT_EQ(rec.mode2, "PH");
-  EXPECT_EQ(rec.points, "12");
+  EXPECT_EQ((std::vector<std::string_view>{rec.qso_date, rec.qso_hhmm, rec.his_call14, rec.sent_rst4,
+                                           rec.sent_exch, rec.rcvd_rst4, rec.rcvd_exch, rec.mult1, rec.mult2,
+                                           rec.band_mhz, rec.freq5, rec.mode2, rec.points}),
+            (std::vector<std::string_view>{"2002-11-23", "0512", "QX9DEF/QRPPPX ", "599 ", "1234567", "579 ",
+                                           "8765432", "NEWM1", "M2", "21", "21000", "PH", "12"}));
 }
 
 TEST(AllLine, AShortLineLeavesItsFieldsBlank) {
@@ -47,43 +40,29 @@ TEST(AllLine, ColumnsCountCharactersNotBytes) {
   EXPECT_EQ(rec.freq5, " 7000");
 }
 
-TEST(Mode, IsThreeCharactersAndAnUnknownOneKeepsThePrevious) {
-  struct Row {
-    std::string column, mode2;
-    bool rtty = false;
-  };
-  for (const Row& row : rows_of(Row{"CW ", "CW"}, Row{"SSB", "PH"}, Row{"RY ", "RY"}, Row{"RTY", "RY"},
-                                Row{"RTTY", "RY"}, Row{"FM ", "FM"}, Row{"AM ", "??"}, Row{"cw ", "??"},
-                                Row{" CW", "??"}, Row{"SSB", "RY", true}, Row{"AM ", "RY", true})) {
-    SCOPED_TRACE(row.column);
+TEST(AllLine, AModeIsThreeCharactersAndAnUnknownOneKeepsThePrevious) {
+  for (const auto& [column, mode2, rtty] :
+       texts_of<3>("CW |CW|", "SSB|PH|", "RY |RY|", "RTY|RY|", "RTTY|RY|", "FM |FM|", "AM |??|", "cw |??|",
+                   " CW|??|", "SSB|RY|box", "AM |RY|box")) {
     QsoRec previous;
     previous.mode2 = "??";
     AllOptions options;
-    options.rtty = row.rtty;
-    EXPECT_EQ(parsed(all_line({.mode = row.column + "  "}), options, previous).mode2, row.mode2);
+    options.rtty = !rtty.empty();
+    EXPECT_EQ(parsed(all_line({.mode = column + "  "}), options, previous).mode2, mode2) << column;
   }
 }
 
-TEST(Frequency, ComesFromMemoBandOrPreviousLine) {
-  struct Row {
-    std::string band, memo, freq5;
-    bool from_memo = false, as_1800 = false;
-  };
-  for (const Row& row :
-       rows_of(Row{"1.9", "", " 1900"}, Row{"3.5", "", " 3500"}, Row{"7", "", " 7000"},
-               Row{"14", "", "14000"}, Row{"29", "", "28000"}, Row{"50", "", "99999"}, Row{"", "", "99999"},
-               Row{"1.9", "", " 1800", false, true}, Row{"7", "(7012)", " 7012", true},
-               Row{"7", "(7012)", " 7000"}, Row{"14", "( 14025.5 )", "025.5", true},
-               Row{"14", "()", "14000", true}, Row{"14", "(14025", "14000", true},
-               Row{"14", ") (14025)", "14025", true}, Row{"14", "(A) (14025)", "    A", true},
-               Row{"1.9", "(1900)", " 1800", true, true}, Row{"1.9", "(1900.0)", "900.0", true, true},
-               Row{"1.9", "(1905)", " 1905", true, true})) {
-    SCOPED_TRACE(row.band);
+TEST(AllLine, FrequencyComesFromMemoBandOrPreviousLine) {
+  for (const auto& [band, memo, freq5, options] : texts_of<4>(
+           "1.9|| 1900|", "3.5|| 3500|", "7|| 7000|", "14||14000|", "29||28000|", "50||99999|", "||99999|",
+           "1.9|| 1800|1800", "7|(7012)| 7012|memo", "7|(7012)| 7000|", "14|( 14025.5 )|025.5|memo",
+           "14|()|14000|memo", "14|(14025|14000|memo", "14|) (14025)|14025|memo", "14|(A) (14025)|    A|memo",
+           "1.9|(1900)| 1800|memo1800", "1.9|(1900.0)|900.0|memo1800", "1.9|(1905)| 1905|memo1800")) {
+    SCOPED_TRACE(band + memo);
     QsoRec previous;
     previous.freq5 = "99999";
-    const AllOptions options{false, row.from_memo, row.as_1800, ""};
-    const std::string line = all_line({.band = row.band, .memo = row.memo});
-    EXPECT_EQ(parsed(line, options, previous).freq5, row.freq5);
+    const AllOptions asked{false, options.starts_with("memo"), options.ends_with("1800"), ""};
+    EXPECT_EQ(parsed(all_line({.band = band, .memo = memo}), asked, previous).freq5, freq5);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "cabrillo/all_scan.h"
 #include "support/rows.h"
 #include "support/test_app.h"
@@ -46,6 +47,7 @@ TEST_F(OwnCategory, DialogChoicesWinWhenPreferred) {
   app.state.settings.select_cont_yusen = Precedence::dialog;
   write("IARU HF Championship", {{}});
   EXPECT_EQ(app.state.log.category.cat_summary, "SINGLE-OP ALL LOW CW ");
+  EXPECT_TRUE(contains(work.read_text("QX1ABC.cbr"), "\nCONTEST: IARU-HF\n"));
   app.state.entry.dialog_shown = true;
   write("IARU HF Championship", {{}});
   EXPECT_EQ(app.state.log.category.cat_summary, "SINGLE-OP LOW CW");

@@ -57,65 +57,44 @@ TEST(CccLine, TakesDateTimeAndCallFromTheirColumns) {
 }
 
 TEST(CccLine, FrequencyComesFromTheBandOrThePreviousLine) {
-  struct Row {
-    std::string band, freq5, as_1800;
-  };
-  for (const Row& row :
-       rows_of(Row{"160", " 1900", " 1800"}, Row{"80 ", " 3500", " 3500"}, Row{" 40", " 7000", " 7000"},
-               Row{"20 ", "14000", "14000"}, Row{"15 ", "21000", "21000"}, Row{"10 ", "28000", "28000"},
-               Row{"6  ", " 1900", " 1800"}, Row{"   ", " 1900", " 1800"})) {
-    SCOPED_TRACE(row.band);
-    CccQso previous;
-    previous.freq5 = " 1900";
-    const std::string line = line_with({{14, row.band}});
-    EXPECT_EQ(parsed(line, "CQWW ", {}, previous).freq5, row.freq5);
-    EXPECT_EQ(parsed(line, "CQWW ", {.as_1800 = true}, previous).freq5, row.as_1800);
+  CccQso previous;
+  previous.freq5 = " 1900";
+  for (const auto& [band, freq5, as_1800] :
+       texts_of<3>("160| 1900| 1800", "80 | 3500| 3500", " 40| 7000| 7000", "20 |14000|14000",
+                   "15 |21000|21000", "10 |28000|28000", "6  | 1900| 1800", "   | 1900| 1800")) {
+    const std::string line = line_with({{14, band}});
+    EXPECT_EQ(parsed(line, "CQWW ", {}, previous).freq5, freq5);
+    EXPECT_EQ(parsed(line, "CQWW ", {.as_1800 = true}, previous).freq5, as_1800);
   }
   EXPECT_EQ(parsed(line_with({{14, "6  "}})).freq5, "     ");
 }
 
 TEST(CccLine, ModeFollowsTheWidthOfAReport) {
-  struct Row {
-    std::string key, first, second;  ///< reports in columns 35 and 47
-    std::string mode, sent, rtty_mode, rtty_sent;
-  };
-  for (const Row& row : rows_of(
-           Row{"CQWW ", "599", "", "CW", "599", "RY", "57"}, Row{"CQWW ", "59", "", "PH", "59", "RY", "57"},
-           Row{"CQWW ", "", "599", "PH", "59", "RY", "57"}, Row{"JIDX ", "579", "", "CW", "599", "CW", "599"},
-           Row{"JIDX ", " 59", "", "PH", "59", "PH", "59"},
-           Row{"IARU ", "579", "59", "CW", "579", "RY", "579"},
-           Row{"IARU ", "57", "599", "PH", "57", "RY", "57"},
-           Row{"ARRLD", "449", "59", "CW", "449", "RY", "449"}, Row{"ARRLD", "", "599", "PH", "", "RY", ""},
-           Row{"CQWPX", "599", "59", "CW", "599", "CW", "599"},
-           Row{"CQWPX", "59", "599", "PH", "59", "PH", "59"})) {
-    SCOPED_TRACE(row.key + row.first);
-    CccQso previous;
-    previous.sent_rst = "57";
-    const std::string line = line_with({{35, row.first}, {47, row.second}});
-    const CccQso plain = parsed(line, row.key, {}, previous);
-    EXPECT_EQ(plain.mode2, row.mode);
-    EXPECT_EQ(plain.sent_rst, row.sent);
-    const CccQso rtty = parsed(line, row.key, {.rtty = true}, previous);
-    EXPECT_EQ(rtty.mode2, row.rtty_mode);
-    EXPECT_EQ(rtty.sent_rst, row.rtty_sent);
+  CccQso previous;
+  previous.sent_rst = "57";
+  for (const auto& [key, first, second, plain, rtty] :  // reports in columns 35 and 47; mode and sent report
+       texts_of<5>("CQWW |599||CW 599|RY 57", "CQWW |59||PH 59|RY 57", "CQWW ||599|PH 59|RY 57",
+                   "JIDX |579||CW 599|CW 599", "JIDX | 59||PH 59|PH 59", "IARU |579|59|CW 579|RY 579",
+                   "IARU |57|599|PH 57|RY 57", "ARRLD|449|59|CW 449|RY 449", "ARRLD||599|PH |RY ",
+                   "CQWPX|599|59|CW 599|CW 599", "CQWPX|59|599|PH 59|PH 59")) {
+    const std::string line = line_with({{35, first}, {47, second}});
+    for (const bool box : {false, true}) {
+      const CccQso qso = parsed(line, key, {.rtty = box}, previous);
+      EXPECT_EQ(std::string{qso.mode2} + " " + std::string{qso.sent_rst}, box ? rtty : plain) << key << first;
+    }
   }
 }
 
 TEST(CccLine, EachContestHasItsColumns) {
-  struct Row {
-    std::string key, sent, rcvd_rst, rcvd, mult1, mult2, points;
-  };
   const std::string line = "11 29  0905  40   QX9DEF          abcd-efghijklmnopqrstuvwxyz0123456789ABCDEFGH";
-  for (const Row& row : rows_of(Row{"CQWW ", "25", "abc", "efghij", "ijkl", "mnop", "uv"},
-                                Row{"JIDX ", "13", "abc", "efghij", "ijk", "mnop", "u"},
-                                Row{"IARU ", "efghij", "lmn", "qrstuv", "yz0123", "", "67"},
-                                Row{"ARRLD", "13", "lmn", "qrstuv", "yz0123", "", "67"},
-                                Row{"CQWPX", "efgh", "lmn", "qrstuv", "yz01", "", "56"})) {
-    SCOPED_TRACE(row.key);
-    const CccQso qso = parsed(line, row.key, {.number = "13"});
-    EXPECT_EQ(
-        (std::vector{qso.sent_exch, qso.rcvd_rst, qso.rcvd_exch, qso.mult1, qso.mult2, qso.points}),
-        (std::vector<std::string_view>{row.sent, row.rcvd_rst, row.rcvd, row.mult1, row.mult2, row.points}));
+  for (const auto& [key, sent, rcvd_rst, rcvd, mult1, mult2, points] :
+       texts_of<7>("CQWW |25|abc|efghij|ijkl|mnop|uv", "JIDX |13|abc|efghij|ijk|mnop|u",
+                   "IARU |efghij|lmn|qrstuv|yz0123||67", "ARRLD|13|lmn|qrstuv|yz0123||67",
+                   "CQWPX|efgh|lmn|qrstuv|yz01||56")) {
+    const CccQso qso = parsed(line, key, {.number = "13"});
+    EXPECT_EQ((std::vector{qso.sent_exch, qso.rcvd_rst, qso.rcvd_exch, qso.mult1, qso.mult2, qso.points}),
+              (std::vector<std::string_view>{sent, rcvd_rst, rcvd, mult1, mult2, points}))
+        << key;
   }
 }
 
@@ -128,23 +107,17 @@ TEST(CccWorkFile, QuotesInTextsAreDoubled) {
 }
 
 TEST(CccTally, MultipliersCountUnlessBlankOrADash) {
-  struct Row {
-    std::string key, mult1, mult2;
-    int count1, count2;
-  };
-  for (const Row& row :
-       rows_of(Row{"CQWW ", "14", "QX9", 1, 1}, Row{"CQWW ", "-", "-", 0, 0}, Row{"CQWW ", "", "", 0, 0},
-               Row{"CQWW ", "--", "- -", 1, 1}, Row{"IARU ", "-", "", 0, 0}, Row{"ARRLD", "-", "", 0, 0},
-               Row{"JIDX ", "-", "-", 0, 0}, Row{"CQWPX", "-", "", 1, 0}, Row{"CQWPX", "", "", 0, 0})) {
-    SCOPED_TRACE(row.key + row.mult1);
+  for (const auto& [key, mult1, mult2, counts] :
+       texts_of<4>("CQWW |14|QX9|1 1", "CQWW |-|-|0 0", "CQWW |||0 0", "CQWW |--|- -|1 1", "IARU |-||0 0",
+                   "ARRLD|-||0 0", "JIDX |-|-|0 0", "CQWPX|-||1 0", "CQWPX|||0 0")) {
     CccQso qso;
     qso.band = band_at(5);
-    qso.mult1 = row.mult1;
-    qso.mult2 = row.mult2;
+    qso.mult1 = mult1;
+    qso.mult2 = mult2;
     CccTally tally;
-    tally_ccc_qso(qso, contest_of(row.key), tally);
-    EXPECT_EQ(tally.bands[5].mult1, row.count1);
-    EXPECT_EQ(tally.bands[5].mult2, row.count2);
+    tally_ccc_qso(qso, contest_of(key), tally);
+    EXPECT_EQ(std::to_string(tally.bands[5].mult1) + " " + std::to_string(tally.bands[5].mult2), counts)
+        << key << mult1;
   }
 }
 
@@ -233,18 +206,13 @@ TEST(CccLog, BlankLinesAreNoQsosAndLinesCountInTheFile) {
 }
 
 TEST(CccPower, HighestIsTheFirstOfItsValue) {
-  struct Row {
-    std::vector<std::string> powers;
-    std::string highest;
-  };
-  for (const Row& row :
-       rows_of(Row{{"100", "1K", "500"}, "1K"}, Row{{"KW", "1000", "1k"}, "KW"}, Row{{"1000", "KW"}, "1000"},
-               Row{{"1000", "1001"}, "1001"}, Row{{"", "x", "0", "0.5"}, "0"}, Row{{"0.6", "5", " 5"}, "5"},
-               Row{{}, "0"}, Row{{"12345"}, "1234"})) {
+  for (const auto& [first, second, third, highest] :
+       texts_of<4>("100|1K|500|1K", "KW|1000|1k|KW", "1000|KW||1000", "1000|1001||1001", "x|0|0.5|0",
+                   "0.6|5| 5|5", "12345|||1234")) {
     std::string bytes = line_with({{40, "9999"}}) + "\n";  // a first line counts never
-    for (const std::string& power : row.powers) bytes += line_with({{40, power}}) + "\n";
+    for (const std::string& power : {first, second, third}) bytes += line_with({{40, power}}) + "\n";
     TextReader log = TextReader::from_bytes(bytes);
-    EXPECT_EQ(highest_ccc_power(log), row.highest);
+    EXPECT_EQ(highest_ccc_power(log), highest);
   }
 }
 

@@ -54,12 +54,9 @@ TEST_F(SelectContTest, PresetsFromLogAndMainWindow) {
   select_cont form{test.app};
   form.Form_Load();
   EXPECT_EQ(form.List1.items.size(), test.app.state.lists.contest_names.size());
-  EXPECT_EQ(form.Option2.selected, 2);  // a CW log
-  EXPECT_EQ(form.Option4.selected, 3);  // on 7 MHz
-  EXPECT_EQ(form.Option3.selected, 4);
-  EXPECT_EQ(form.Option6.selected, 1);
-  EXPECT_EQ(form.Option7.selected, 0);
-  EXPECT_EQ(form.Option5.selected, 0);
+  EXPECT_EQ((std::vector{form.Option2.selected, form.Option4.selected, form.Option3.selected,
+                         form.Option6.selected, form.Option7.selected, form.Option5.selected}),
+            (std::vector{2, 3, 4, 1, 0, 0}));  // a CW log on 7 MHz
   EXPECT_FALSE(form.Check1.enabled);
   EXPECT_FALSE(form.Check1.checked);
   EXPECT_EQ(form.cmdDisp_in.tip, test.app.state.log.input.in_name + " の表示");
