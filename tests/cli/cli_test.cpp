@@ -89,6 +89,9 @@ TEST_F(Cli, ReportsWhatARunWrote) {
   EXPECT_EQ(run({"convert", "--json", odd}), 0);
   expect_out("{\"input\":\"" + work.path() + "a\\udcff.ALL\"");
   expect_out("\"finding_count\":0,\"notes\":[{\"kind\":\"after_eof\",\"count\":2,\"line\":3,");
+  expect_out("}],\"mail\":{\"to\":\"\",\"subject\":\"QX1ABC CQ-WW ");
+  expect_out("\"qsos\":1,\"outputs\":[\"" + work.path() + "QX1ABC.cbr\",");
+  expect_out("\"messages\":[\"提 出 前");
   EXPECT_EQ(run({"to-zlog", work.write_text("my.cbr", "QSO:  7000 CW 2025-11-29 0012\n")}), 0);
   expect_out("\n  kind      cbr\n  QSOs      1\n  written ");
   EXPECT_TRUE(contains(work.read_text("my_c2z.txt"), "\n 11  29 0012  "));
@@ -193,6 +196,10 @@ TEST_F(Cli, AStatusTellsWhyNothingIsWritten) {
   test.set("version", "3.08");
   EXPECT_EQ(run("convert --quiet LOG"), 3);
   expect_err("version \"3.08\", expected");
+  std::filesystem::remove(test.folder.path() + "Varnisto.ini");
+  test.folder.write_text("Varnisto.cfg", "ver 3.07\n");
+  EXPECT_EQ(run("convert --quiet LOG"), 3);
+  expect_err("version \"3.07\", expected");
   std::filesystem::remove(test.folder.path() + "web_url.txt");
   EXPECT_EQ(run("convert --quiet LOG"), 4);
   expect_err("web_url");
