@@ -1,19 +1,37 @@
 // A log converted by the command line, twice: the same files and the same report must come. The first line of
 // the input are switches, behind it stands the log, and behind a line "%%" the logger's summary.
 
+#include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <sstream>
 
 #include "base/columns.h"
+#include "base/files.h"
 #include "base/run_time_error.h"
 #include "cabrillo/jst_to_utc.h"
 #include "cli/run_cli.h"
-#include "folder.h"
+#include "support.h"
 #include "support/test_app.h"
 
 using namespace varnisto;
 
 namespace {
+
+/// Temporary folders lie in memory where the system has a place for that: a disk would set the pace.
+const bool folders_in_memory = is_folder("/dev/shm") && ::setenv("TMPDIR", "/dev/shm", 0) == 0;
+
+/// The first line of an input, taken off it: letters that switch options on.
+class Switches {
+ public:
+  explicit Switches(std::string_view& input) : letters_(input.substr(0, input.find('\n'))) {
+    input.remove_prefix(std::min(letters_.size() + 1, input.size()));
+  }
+  bool on(char letter) const { return letters_.find(letter) != std::string_view::npos; }
+
+ private:
+  std::string_view letters_;
+};
 
 using Files = std::map<std::string, std::string>;
 
@@ -79,7 +97,7 @@ struct Program : test::TestApp {
   const std::string logs = work.path() + "logs/";
 };
 
-std::vector<std::string> arguments_of(const Program& program, const fuzz::Switches& switches) {
+std::vector<std::string> arguments_of(const Program& program, const Switches& switches) {
   std::vector<std::string> arguments = {"--app-dir", program.folder.path(), "convert", "--json"};
   for (char letter = 'A'; const std::string contest : contests) {
     if (switches.on(letter++)) arguments.push_back("--contest=" + contest.substr(0, contest.find(',')));
@@ -163,7 +181,7 @@ void check_failure(const Outcome& outcome, const Files& inputs) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Program program;
   std::string_view rest = fuzz::bytes_of(data, size);
-  const fuzz::Switches switches{rest};
+  const Switches switches{rest};
   const auto arguments = arguments_of(program, switches);
   constexpr std::string_view separator = "\n%%\n";
   const std::size_t end = rest.find(separator);

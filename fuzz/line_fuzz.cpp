@@ -1,6 +1,9 @@
-// Any lines on the ways that one line alone can take: from Japan Standard Time to UTC, through the search for
-// QTC memos, and back to the logger's text and to an ADIF file.
+// Any lines through the checker and on the ways that one line alone can take: from Japan Standard Time to
+// UTC, through the search for QTC memos, and back to the logger's text and to an ADIF file.
 
+#include <algorithm>
+
+#include "app/checker.h"
 #include "base/columns.h"
 #include "base/fields.h"
 #include "cabrillo/adif.h"
@@ -52,10 +55,23 @@ void check_way_back(const std::string& line) {
   fuzz::require(record.starts_with("<call:") && record.ends_with("<EOR>"), "an ADIF record is whole");
 }
 
+void check_findings(std::string_view bytes, const std::vector<std::string>& lines) {
+  TextReader log = TextReader::from_bytes(bytes);
+  fuzz::LineList report;
+  const CheckResult result = check_cabrillo(log, "in", "out", report);
+  const auto qsos = std::ranges::count_if(lines, [](const auto& line) { return contains(line, "QSO:"); });
+  fuzz::require(result.qsos == qsos, "every line with QSO: is counted");
+  fuzz::require(result.errors <= result.finding_count, "each error has its finding");
+  fuzz::require(report.lines.size() - 3 - lines.size() >= (result.errors > 0 ? 1U : 0U),
+                "the report has a line for every line of the file, and the findings");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  for (const std::string& line : fuzz::lines_of(fuzz::bytes_of(data, size))) {
+  const auto lines = fuzz::lines_of(fuzz::bytes_of(data, size));
+  check_findings(fuzz::bytes_of(data, size), lines);
+  for (const std::string& line : lines) {
     check_utc(line);
     check_qtcs(line);
     if (line.starts_with("QSO:")) check_way_back(line);
