@@ -43,7 +43,8 @@ inline double day_count(int year, unsigned month, unsigned day, int hour = 0, in
   const auto date = [](int y, unsigned m, unsigned d) {
     return sys_days{std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d}};
   };
-  return (date(year, month, day) - date(1899, 12, 30)).count() + ((hour * 60 + minute) * 60 + second) / 86400;
+  return static_cast<double>((date(year, month, day) - date(1899, 12, 30)).count()) +
+         ((hour * 60 + minute) * 60 + second) / 86400;
 }
 
 namespace zlo_bytes {
