@@ -7,7 +7,9 @@
 #include "base/columns.h"
 #include "base/fields.h"
 #include "cabrillo/adif.h"
+#include "cabrillo/all_line.h"
 #include "cabrillo/jst_to_utc.h"
+#include "cabrillo/qso_line.h"
 #include "cabrillo/qtc_memo.h"
 #include "cabrillo/qtc_merge.h"
 #include "cabrillo/to_zlog.h"
@@ -16,6 +18,22 @@
 using namespace varnisto;
 
 namespace {
+
+/// The line of a log as a QSO line of a contest, with all options on or off.
+void check_qso(const std::string& line, std::string_view contest, bool on) {
+  const QsoLineContext context{"QX1ABC        ", on, on, on};
+  QsoRec rec;
+  std::string out;
+  parse_all_line(TextLine{line}, {on, on, on, on ? "10" : ""}, rec);
+  fuzz::require(char_count(rec.freq5) == 5 && char_count(rec.mode2) == 2 && char_count(rec.his_call14) == 14,
+                "frequency, mode and call fill their columns");
+  fuzz::require(char_count(rec.sent_exch) <= 8 && char_count(rec.rcvd_exch) <= 8, "exchanges fit theirs");
+  if (!formatter_for(contest)(context, line, rec, out)) return;
+  // A complete date and time leaves every column in its place.
+  if (char_count(rec.qso_date) != 10 || char_count(rec.qso_hhmm) != 4) return;
+  fuzz::require(mid(out, 31, 14) == context.mycall14, "the own call stands in columns 31 to 44");
+  fuzz::require(char_count(out) >= 79, "no column is missing");
+}
 
 void check_utc(const std::string& before) {
   std::string after = before;
@@ -72,6 +90,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto lines = fuzz::lines_of(fuzz::bytes_of(data, size));
   check_findings(fuzz::bytes_of(data, size), lines);
   for (const std::string& line : lines) {
+    for (const char* contest : {"ARRL-10", "ARRL-DX", "WAEDC", "CQ-WW", "CQ-WPX"})
+      for (const bool on : {false, true}) check_qso(line, contest, on);
     check_utc(line);
     check_qtcs(line);
     if (line.starts_with("QSO:")) check_way_back(line);

@@ -48,14 +48,6 @@ TEST(Start, AMissingListFileEndsTheProgramAfterAMessage) {
   }
 }
 
-TEST(Start, AMalformedListFileNamesItsLine) {
-  TestApp test;
-  test.folder.write_text("category-assisted.txt", "; x\nCQ-WW\n");
-  const ActionResult result = run_action(test.app, [&] { test.start(); });
-  EXPECT_EQ(result.kind, ActionResult::list_file);
-  EXPECT_TRUE(contains(result.text, "category-assisted.txt: 2 行目")) << result.text;
-}
-
 /// An opened log with the logger's summary, ready to run.
 class Run : public testing::Test {
  protected:
@@ -137,14 +129,6 @@ TEST_F(Run, ThatFailsLeavesEveryEarlierFileAsItWas) {
     for (const auto& entry : fs::directory_iterator{work.path()}) fs::remove_all(entry);
     state.settings.jst_to_utc_flag = false;
   }
-}
-
-TEST_F(Run, AProgramFolderThatCannotBeWrittenCostsANotice) {
-  fs::create_directories(test.folder.path() + "check_Cabrillo.txt/full");
-  run();
-  EXPECT_TRUE(work.has("QX1ABC.cbr") && work.has("QX1ABC.log"));
-  ASSERT_EQ(test.desk.boxes.size(), 2U);
-  EXPECT_TRUE(contains(test.desk.boxes[0].text, "check_Cabrillo.txt")) << test.desk.boxes[0].text;
 }
 
 TEST_F(Run, OfJidxShowsItsNoticeUnlessSwitchedOff) {
