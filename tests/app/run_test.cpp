@@ -35,6 +35,17 @@ TEST(Start, WithoutSettingsTriesTheLegacyFile) {
   EXPECT_EQ(test.app.state.program.this_year, "2025");
 }
 
+TEST(Start, TakesTheSettingsOfATestEditionAndShortensTheLabelsPath) {
+  TestApp test;
+  test.set("version", "3.09t2");
+  std::string& label = test.app.state.log.labels.zsm_disp1;
+  const std::string path = label = "/" + std::string(30, 'a') + "/" + std::string(9, 'b');
+  test.start();
+  EXPECT_TRUE(test.app.main.mnuOpen_file.enabled);
+  EXPECT_EQ(label, shorten_path(path, 40));
+  EXPECT_NE(label, path);
+}
+
 TEST(Start, AMissingListFileEndsTheProgramAfterAMessage) {
   for (const std::string_view name : required_files()) {
     TestApp test;
