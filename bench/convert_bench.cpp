@@ -13,7 +13,7 @@
 #include "cabrillo/qso_line.h"
 #include "cabrillo/writer.h"
 #include "log_maker.h"
-#include "null_app.h"
+#include "support/null_app.h"
 
 namespace varnisto::bench {
 namespace {

@@ -40,9 +40,10 @@ std::optional<std::size_t> convert(std::string_view text_log, const CccContest& 
 }
 
 void check_binary(std::string_view bytes, const CccContest& contest, const CccOptions& options) {
-  CccRecordReader log = CccRecordReader::from_bytes(bytes, ccc_record_size(*contest.layout, bytes.size()));
+  const std::size_t record_size = ccc_record_size(*contest.layout, bytes.size());
+  RecordReader log = RecordReader::from_bytes(bytes);
   fuzz::LineList text;
-  const CccBinCounts counts = put_ccc_text(log, contest, std::nullopt, "3.09", text);
+  const CccBinCounts counts = put_ccc_text(log, record_size, contest, std::nullopt, "3.09", text);
   fuzz::require(text.lines.size() == counts.records + 1, "one line a record");
   const std::size_t points = contest.columns.rcvd_rst.first == 35 ? 56 : 68;
   std::string file;

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace varnisto::test {
@@ -19,45 +18,40 @@ struct CccLogQso {
   unsigned serial = 1, power = 7;
 };
 
-enum class CccKind { cqww_jidx, cqwpx, iaru, arrldx };
-
-/// Where the fields of a kind stand; 0 for one that it does not hold. New multiplier is next to the points.
-struct CccPlaces {
-  std::size_t exchange_width, band, power, mult, serial, points;
+/// Where the fields lie in which the layouts differ; 0: there is none.
+struct CccKind {
+  std::size_t exchange_width, band, mode, power, mult, serial, points, new_mult;
 };
-inline constexpr CccPlaces ccc_places[] = {
-    {4, 19, 0, 22, 0, 28}, {4, 19, 0, 22, 28, 30}, {5, 20, 0, 0, 0, 22}, {4, 19, 21, 0, 0, 22}};
+inline constexpr CccKind ccc_cqww_jidx{4, 19, 20, 0, 22, 0, 28, 29}, ccc_cqwpx{4, 19, 20, 0, 22, 28, 30, 31},
+    ccc_iaru{5, 20, 21, 0, 0, 0, 22, 23}, ccc_arrldx{4, 19, 20, 21, 0, 0, 22, 23};
 
-/// Puts one record of `size` bytes behind `log`. Bytes that hold nothing that is read are rubbish.
-inline void append_ccc_record(std::string& log, CccKind kind, std::size_t size, const CccLogQso& qso) {
-  const CccPlaces& places = ccc_places[static_cast<std::size_t>(kind)];
-  std::string record(size, '\xEE');
-  const auto number = [&](std::size_t at, unsigned value) { record[at] = static_cast<char>(value); };
-  const auto word = [&](std::size_t at, unsigned value) {
-    number(at, value % 256);
-    number(at + 1, value / 256);
-  };
-  const auto text = [&](std::size_t at, std::size_t width, const std::string& value) {
-    record.replace(at, width, (value + std::string(width, ' ')).substr(0, width));
-  };
-  number(0, qso.month);
-  number(1, qso.day);
-  word(2, qso.time);
-  text(4, 10, qso.call);
-  text(15, places.exchange_width, qso.exchange);
-  number(places.band, qso.band);
-  number(places.band + 1, qso.mode);
-  if (places.power > 0) number(places.power, qso.power);
-  if (places.mult > 0) text(places.mult, 6, qso.mult);
-  if (places.serial > 0) word(places.serial, qso.serial);
-  number(places.points, qso.points);
-  number(places.points + 1, qso.new_mult);
-  log += record;
-}
-
-inline std::string ccc_log(CccKind kind, std::size_t record_size, const std::vector<CccLogQso>& qsos) {
+/// The bytes of a log of records of this size. Those that hold nothing that is read are rubbish.
+inline std::string ccc_log(const CccKind& kind, std::size_t record_size, const std::vector<CccLogQso>& qsos) {
   std::string log;
-  for (const CccLogQso& qso : qsos) append_ccc_record(log, kind, record_size, qso);
+  for (const CccLogQso& qso : qsos) {
+    std::string record(record_size, '\xEE');
+    const auto number = [&](std::size_t at, unsigned value) { record[at] = static_cast<char>(value); };
+    const auto text = [&](std::size_t at, std::size_t width, const std::string& value) {
+      record.replace(at, width, (value + std::string(width, ' ')).substr(0, width));
+    };
+    number(0, qso.month);
+    number(1, qso.day);
+    number(2, qso.time % 256);
+    number(3, qso.time / 256);
+    text(4, 10, qso.call);
+    text(15, kind.exchange_width, qso.exchange);
+    number(kind.band, qso.band);
+    number(kind.mode, qso.mode);
+    if (kind.power != 0) number(kind.power, qso.power);
+    if (kind.mult != 0) text(kind.mult, 6, qso.mult);
+    if (kind.serial != 0) {
+      number(kind.serial, qso.serial % 256);
+      number(kind.serial + 1, qso.serial / 256);
+    }
+    number(kind.points, qso.points);
+    number(kind.new_mult, qso.new_mult);
+    log += record;
+  }
   return log;
 }
 

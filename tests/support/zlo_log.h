@@ -3,7 +3,6 @@
 // reader.
 
 #include <bit>
-#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -36,91 +35,70 @@ struct ZloQsoSpec {
   int invalid = 0;       ///< ZLOX
 };
 
-/// Days since 1899-12-30 of a date and time.
-inline double day_count(int year, unsigned month, unsigned day, int hour = 0, int minute = 0,
-                        double second = 0) {
-  using namespace std::chrono;
-  const auto date = [](int y, unsigned m, unsigned d) {
-    return sys_days{std::chrono::year{y} / std::chrono::month{m} / std::chrono::day{d}};
-  };
-  return static_cast<double>((date(year, month, day) - date(1899, 12, 30)).count()) +
-         ((hour * 60 + minute) * 60 + second) / 86400;
+/// A record, full of rubbish where nothing was set, as the logger leaves it.
+struct ZloBytes {
+  explicit ZloBytes(std::size_t size) : bytes(size, '\0') {
+    for (const std::size_t unread : {88U, 94U, 120U, 150U, 170U, 245U}) bytes[unread] = '#';
+  }
+  void number(std::size_t offset, std::size_t width, std::int64_t value) {
+    for (std::size_t i = 0; i < width; ++i) bytes[offset + i] = static_cast<char>(value >> (8 * i) & 0xFF);
+  }
+  /// A length byte, the text, and rubbish behind it.
+  void text(std::size_t offset, std::size_t room, std::string_view utf8) {
+    const std::string text = to_cp932(utf8);
+    bytes[offset] = static_cast<char>(text.size());
+    bytes.replace(offset + 1, room, (text + std::string(room, '~')).substr(0, room));
+  }
+  /// A text, and whether it is a new multiplier.
+  void multiplier(std::size_t offset, std::size_t flag, const std::string& text_of_new) {
+    text(offset, 30, text_of_new.empty() ? "old" : text_of_new);
+    number(flag, 1, text_of_new.empty() ? 0 : 1);
+  }
+
+  std::string bytes;
+};
+
+inline std::string zlo_qso(const ZloQsoSpec& spec, bool zlox) {
+  ZloBytes record{zlox ? 384U : 256U};
+  record.number(0, 8, std::bit_cast<std::int64_t>(spec.day_count));
+  record.text(8, 12, spec.call);
+  record.text(21, 30, spec.sent);
+  record.text(52, 31, spec.rcvd);
+  record.number(84, 2, spec.rst_sent);
+  record.number(86, 2, spec.rst_rcvd);
+  record.number(92, 1, spec.mode);
+  record.number(93, 1, spec.band);
+  record.multiplier(95, 157, spec.multi1);
+  record.multiplier(126, 158, spec.multi2);
+  record.number(159, 1, spec.points);
+  record.text(160, 14, spec.op);
+  record.text(175, zlox ? 64 : 67, spec.memo);
+  record.number(243, 1, spec.tx);
+  if (zlox) {
+    record.text(256, 10, spec.khz);
+    record.number(281, 1, spec.invalid);
+  }
+  return record.bytes;
 }
-
-namespace zlo_bytes {
-
-/// A record full of rubbish, as the logger leaves it where nothing was set.
-inline std::string blank_record(std::size_t size) {
-  std::string record(size, '\0');
-  for (const std::size_t unread : {88U, 94U, 120U, 150U, 170U, 245U}) record[unread] = '#';
-  return record;
-}
-
-template <class Number>
-void put_number(std::string& record, std::size_t offset, Number value, std::size_t width) {
-  for (std::size_t i = 0; i < width; ++i)
-    record[offset + i] = static_cast<char>(static_cast<std::uint64_t>(value) >> (8 * i) & 0xFFU);
-}
-
-/// A length byte, the text, and rubbish behind it.
-inline void put_text(std::string& record, std::size_t offset, std::size_t room, std::string_view utf8) {
-  const std::string bytes = to_cp932(utf8);
-  record[offset] = static_cast<char>(bytes.size());
-  for (std::size_t i = 0; i < room; ++i) record[offset + 1 + i] = i < bytes.size() ? bytes[i] : '~';
-}
-
-inline std::string head(const ZloHeadSpec& spec, std::size_t size) {
-  std::string record = blank_record(size);
-  put_text(record, 8, 12, spec.call);
-  put_number(record, 84, spec.utc_offset, 2);
-  put_text(record, 175, 60, spec.title);
-  return record;
-}
-
-inline std::string qso(const ZloQsoSpec& spec, std::size_t size) {
-  std::string record = blank_record(size);
-  put_number(record, 0, std::bit_cast<std::uint64_t>(spec.day_count), 8);
-  put_text(record, 8, 12, spec.call);
-  put_text(record, 21, 30, spec.sent);
-  put_text(record, 52, 31, spec.rcvd);
-  put_number(record, 84, spec.rst_sent, 2);
-  put_number(record, 86, spec.rst_rcvd, 2);
-  put_number(record, 92, spec.mode, 1);
-  put_number(record, 93, spec.band, 1);
-  put_text(record, 95, 30, spec.multi1.empty() ? "old1" : spec.multi1);
-  put_text(record, 126, 30, spec.multi2.empty() ? "old2" : spec.multi2);
-  put_number(record, 157, spec.multi1.empty() ? 0 : 1, 1);
-  put_number(record, 158, spec.multi2.empty() ? 0 : 1, 1);
-  put_number(record, 159, spec.points, 1);
-  put_text(record, 160, 14, spec.op);
-  put_text(record, 175, size == 256 ? 67 : 64, spec.memo);
-  put_number(record, 243, spec.tx, 1);
-  return record;
-}
-
-}  // namespace zlo_bytes
 
 /// The bytes of a ZLO log.
-inline std::string zlo_log(const std::vector<ZloQsoSpec>& qsos, const ZloHeadSpec& head = {}) {
-  std::string bytes = zlo_bytes::head(head, 256);
-  for (const ZloQsoSpec& spec : qsos) bytes += zlo_bytes::qso(spec, 256);
-  return bytes;
+inline std::string zlo_log(const std::vector<ZloQsoSpec>& qsos, const ZloHeadSpec& head = {},
+                           bool zlox = false) {
+  ZloBytes log{zlox ? 384U : 256U};
+  log.text(8, 12, head.call);
+  log.number(84, 2, head.utc_offset);
+  log.text(175, 60, head.title);
+  if (zlox && head.letters) {
+    log.bytes.replace(0, 4, "ZLOX");
+    log.number(4, 4, static_cast<int>(qsos.size()) + head.count_error);
+  }
+  for (const ZloQsoSpec& spec : qsos) log.bytes += zlo_qso(spec, zlox);
+  return log.bytes;
 }
 
 /// The bytes of a ZLOX log.
 inline std::string zlox_log(const std::vector<ZloQsoSpec>& qsos, const ZloHeadSpec& head = {}) {
-  std::string bytes = zlo_bytes::head(head, 384);
-  if (head.letters) {
-    bytes.replace(0, 4, "ZLOX");
-    zlo_bytes::put_number(bytes, 4, static_cast<int>(qsos.size()) + head.count_error, 4);
-  }
-  for (const ZloQsoSpec& spec : qsos) {
-    std::string record = zlo_bytes::qso(spec, 384);
-    zlo_bytes::put_text(record, 256, 10, spec.khz);
-    zlo_bytes::put_number(record, 281, spec.invalid, 1);
-    bytes += record;
-  }
-  return bytes;
+  return zlo_log(qsos, head, true);
 }
 
 }  // namespace varnisto::test
