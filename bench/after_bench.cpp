@@ -14,9 +14,9 @@
 #include "cabrillo/qtc_log.h"
 #include "cabrillo/qtc_merge.h"
 #include "core/paths.h"
-#include "support/null_app.h"
 #include "platform/launcher.h"
 #include "platform/text_sort.h"
+#include "support/null_app.h"
 
 namespace {
 

@@ -146,8 +146,8 @@ TEST(ZloRuns, TellWhatTheRecordsSay) {
                             {.band = 9, .mode = 0, .memo = "(7012)"},
                             {.band = 2, .mode = 0, .tx = 2}});
   LogRun run{"log.ZLOX",
-          zlox_log(qsos, {.title = "All Asian DX Contest", .utc_offset = 32767, .count_error = 1}),
-          "All Asian DX Contest", 4};
+             zlox_log(qsos, {.title = "All Asian DX Contest", .utc_offset = 32767, .count_error = 1}),
+             "All Asian DX Contest", 4};
   run.test.set("jst_to_utc_flag", "1");
   run.test.start();
   ASSERT_EQ(run.convert().text, "");
