@@ -44,6 +44,6 @@ inline std::vector<std::string> lines_of(std::string_view bytes) {
   return lines;
 }
 
-using test::LineList;
+using test::LineList;  // NOLINT(misc-unused-using-decls): of the targets
 
 }  // namespace varnisto::fuzz

@@ -9,7 +9,7 @@ namespace varnisto {
 void kaishi_Click(App& app);
 
 /// One conversion of the opened log: writes the Cabrillo log, runs the steps the check boxes ask for, makes
-/// the second copy, checks, cleans up. Throws what the steps throw; what was written by then stays.
+/// the second copy, checks, cleans up. Throws what the steps throw; every file is then as it was before.
 void kaishi_1(App& app);
 
 }  // namespace varnisto

@@ -60,18 +60,18 @@ Window link_page(App& app, QWidget* parent, const RunEvent& run) {
 }
 
 struct WindowKind {
-  FormName name;
   Window (*make)(App&, QWidget* parent, const RunEvent&);
   const char* close_control;
+  FormName name;
   bool modal;
 };
 constexpr WindowKind kinds[] = {
-    {FormName::select_cont, dialog<select_cont, Ui::select_cont>, "", true},
-    {FormName::frmOVERLAY, dialog<frmOVERLAY, Ui::frmOVERLAY>, "cmdBack", true},
-    {FormName::Make_cfg, dialog<Make_cfg, Ui::Make_cfg>, "cmdBack", true},
-    {FormName::frmDisp2, viewer, "mnuBack", false},
-    {FormName::frmWeb_URL, link_page, "mnuMain", true},
-    {FormName::frmVer, dialog<frmVer, Ui::frmVer>, "cmdOK", true},
+    {dialog<select_cont, Ui::select_cont>, "", FormName::select_cont, true},
+    {dialog<frmOVERLAY, Ui::frmOVERLAY>, "cmdBack", FormName::frmOVERLAY, true},
+    {dialog<Make_cfg, Ui::Make_cfg>, "cmdBack", FormName::Make_cfg, true},
+    {viewer, "mnuBack", FormName::frmDisp2, false},
+    {link_page, "mnuMain", FormName::frmWeb_URL, true},
+    {dialog<frmVer, Ui::frmVer>, "cmdOK", FormName::frmVer, true},
 };
 
 }  // namespace

@@ -75,7 +75,7 @@ class CheckOfARun : public testing::Test {
  protected:
   CheckResult check(const char* log) {
     test.app.state.log.input.out_name = test.folder.write("out.cbr", log);
-    const CheckResult found = check_Cabrillo_sub(test.app);
+    CheckResult found = check_Cabrillo_sub(test.app);
     test.app.outputs.commit();
     show_check_report(test.app, found);
     return found;

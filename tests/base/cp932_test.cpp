@@ -60,7 +60,7 @@ TEST(Cp932, AnUnmappableCharacterIsRefusedOrAQuestionMark) {
                                                       {"\xC0\x80", "?"},
                                                       {std::string{escape_lead} + "\xBA\r", "???\r"}};
   for (const auto& [text, marked] : rows) {
-    EXPECT_EQ(error_of([&] { to_cp932(text); }), 5) << text;
+    EXPECT_EQ(error_of([&, &unmappable = text] { to_cp932(unmappable); }), 5) << text;
     EXPECT_EQ(to_cp932(text, Unmappable::question_mark), marked);
   }
 }

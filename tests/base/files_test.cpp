@@ -114,7 +114,7 @@ TEST(TextReader, OpensFilesOfAnyCaseAndSaysWhatItCannotOpen) {
   const std::pair<std::string, int> errors[] = {
       {"none.all", 53}, {"none/x.all", 53}, {"qx1abc.all/x", 76}, {"", 75}, {"a\0b"s, 52}};
   for (const auto& [name, error] : errors)
-    EXPECT_EQ(error_of([&] { TextReader{dir.path() + name}; }), error) << name;
+    EXPECT_EQ(error_of([&, &wanted = name] { TextReader{dir.path() + wanted}; }), error) << name;
   EXPECT_EQ(error_of([&] { TextReader{"/dev/zero"}; }), 75);
 }
 

@@ -81,7 +81,7 @@ TEST_F(OutputsTest, ATargetThatMustNotBeReplacedIsAnError) {
                                               {"dangling", 75},   {"folder", 75},      {"read-only", 70},
                                               {"other_case", 75}, {"second_name", 75}, {"none/x", 76}};
   for (const auto& [name, error] : rows)
-    EXPECT_EQ(error_of([&] { outputs.create(path(name)); }), error) << name;
+    EXPECT_EQ(error_of([&, &wanted = name] { outputs.create(path(wanted)); }), error) << name;
   const std::string text = error_text_of([&] { outputs.create(path("hard")); });
   EXPECT_TRUE(contains(text, path("hard") + " ") && contains(text, " " + input + " ")) << text;
   EXPECT_EQ(error_of([&] { outputs.create(input, Need::required, input); }), 0);

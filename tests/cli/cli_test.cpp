@@ -310,6 +310,7 @@ TEST_F(Cli, RunsOfDifferentLogsInOneProgramFolderKeepTheirContests) {
 TEST_F(Cli, SettingsWritersLoseNothing) {
   const std::vector<std::string> values = {"NAME=N1", "OPERATORS=O1", "ADDRESS1=A1", "eQSLcom=E1"};
   std::vector<std::string> lines;
+  lines.reserve(values.size());
   for (const std::string& value : values) lines.push_back("settings " + value);
   run_together(lines);
   EXPECT_EQ(run("settings"), 0);

@@ -24,6 +24,7 @@ const std::vector<ZloQsoSpec> mixed_log = {
 
 TEST(ZloFiles, WriteTheTextLogAndTheLogSheet) {
   const Lines all = {
+      // NOLINT(bugprone-suspicious-missing-comma): long lines in pieces
       "zLog for Windows       by Varnisto 3.09",
       //        1         2         3         4         5         6         7         8
       // 2345678901234567890123456789012345678901234567890123456789012345678901234567890123456
