@@ -22,9 +22,10 @@ const std::vector<ZloQsoSpec> mixed_log = {
     {45991, "QX2GHI/QRP/P", "漢字仮名文字", "1", 15, 4, 32767, 0, "ABCDEFGHI", "-", 255},
     {0, "QX\t9\x1A", "25", "14", 0, 5, 0, 599, "-", "奈良県東部方面", 0, "\x01", "a\r\nb\x7F\tc"}};
 
+// NOLINTBEGIN(bugprone-suspicious-missing-comma): long lines in pieces
 TEST(ZloFiles, WriteTheTextLogAndTheLogSheet) {
   const Lines all = {
-      // NOLINT(bugprone-suspicious-missing-comma): long lines in pieces
+
       "zLog for Windows       by Varnisto 3.09",
       //        1         2         3         4         5         6         7         8
       // 2345678901234567890123456789012345678901234567890123456789012345678901234567890123456
@@ -49,6 +50,7 @@ TEST(ZloFiles, WriteTheTextLogAndTheLogSheet) {
     EXPECT_EQ(files.jarl, jarl);
   }
 }
+// NOLINTEND(bugprone-suspicious-missing-comma)
 
 TEST(ZloFiles, ATextLogAloneNamesNoTransmitter) {
   LineList all;
